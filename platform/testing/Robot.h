@@ -1,0 +1,89 @@
+// Reads and presses what a user of the running windows sees, off-screen or on.
+//
+// A test runs its script on a thread of its own (RunScript) while the main thread serves messages in the dialog under
+// test. Every operation is carried to the user-interface thread and works through mouse and keyboard events, so a
+// disabled, hidden or covered control cannot be pressed. Operations wait, polling, until what they name is on show;
+// after the deadline they throw RobotError, whose text says what was on show instead.
+#pragma once
+
+#include "platform/window/Handle.h"
+
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+class RobotError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+class Robot
+{
+public:
+    using Milliseconds = std::chrono::milliseconds;
+
+    explicit Robot(Milliseconds deadline = Milliseconds(10000)) : m_deadline(deadline)
+    {
+    }
+
+    // Windows on show, by title (message boxes too); waiting for one to come or to go.
+    std::vector<std::string> Windows() const;
+    void WaitForWindow(const std::string& title) const;
+    void WaitForNoWindow(const std::string& title) const;
+    void WaitUntil(const std::function<bool()>& condition,
+                   const std::string& what) const; // condition runs on the script's thread
+    // Whether something stays false for a while: for what must not happen.
+    bool StaysFalse(const std::function<bool()>& condition, Milliseconds time) const;
+
+    // Controls are named as a user reads them: the caption with or without its "&", or the accessible name. The window
+    // is named by its title; empty is the active or topmost one.
+    void Press(const std::string& control, const std::string& window = {}) const; // mouse click on a button or a box
+    bool IsEnabled(const std::string& control, const std::string& window = {}) const;
+    bool IsShown(const std::string& control, const std::string& window = {}) const;     // does not wait
+    std::string Text(const std::string& control, const std::string& window = {}) const; // caption, edit text or label
+    int ProgressPercent(const std::string& window = {}) const;                          // of the one progress bar
+    std::string FocusName() const;                    // accessible name of the control with the focus
+    std::string MessageBoxText() const;               // of the message box on show
+    void Answer(const std::string& button) const;     // presses "OK", "Yes", "No" in the message box on show
+    void CloseWindow(const std::string& title) const; // its close box
+
+    // Keys to the active window as a user presses them, "Alt+D", "Tab", "Shift+Tab", "Esc", "Return", "Space", "Menu".
+    void Key(const std::string& keys) const;
+
+    // The one list of the window.
+    int RowCount(const std::string& window = {}) const;
+    std::vector<std::string> Columns(const std::string& window = {}) const;
+    std::string Cell(int row, int column, const std::string& window = {}) const;
+    bool IsTicked(int row, const std::string& window = {}) const;
+    void Tick(int row, const std::string& window = {}) const;                // mouse click on the box: turns it over
+    void RightClickList(int row = -1, const std::string& window = {}) const; // -1: below the last row
+    // A right click on a part of the window that no control takes.
+    void RightClickWindow(const std::string& window = {}) const;
+
+    // The popup menu on show: its entries ("-" for a separator), and choosing one by its text.
+    std::vector<std::string> MenuEntries() const;
+    bool IsMenuEntryEnabled(const std::string& text) const;
+    void ChooseMenu(const std::string& text) const;
+    void CloseMenu() const;
+
+    // Controls whose text does not fit into them, and controls that lie outside their window or on one another, one
+    // line each; empty if the layout is sound.
+    std::string LayoutFaults(const std::string& window = {}) const;
+
+private:
+    Milliseconds m_deadline;
+};
+
+// Starts the off-screen desktop for a test program, once, before the first test. Called by the tests' main.
+void StartTestDesktop(int& argc, char** argv);
+
+// Runs `userInterface` (a DoModal, or a loop) on this thread while `script` runs on another; returns when both have
+// ended. A RobotError or any other exception of the script closes all windows and is thrown on here.
+void RunScript(const std::function<void()>& userInterface, const std::function<void(Robot&)>& script);
+
+// Serves messages on this thread until the condition holds or the deadline passes; gives whether it held.
+bool ServeMessagesUntil(const std::function<bool()>& condition,
+                        std::chrono::milliseconds deadline = std::chrono::milliseconds(10000));

@@ -1,0 +1,47 @@
+// Operations on windows by handle, callable from any thread.
+//
+// Windows belong to the user-interface thread. A call from a worker is carried there and waited for; on a window that
+// has gone it does nothing and answers 0, false, empty or the null handle. Nothing but SendMessageA, DestroyWindow and
+// MessageBoxA calls back into the program, and no lock is held while it does.
+#pragma once
+
+#include "platform/window/Messages.h"
+
+#include <string>
+
+bool IsWindow(HWND window);
+bool IsWindowVisible(HWND window); // itself and all its parents are shown
+bool IsWindowEnabled(HWND window);
+bool IsIconic(HWND window);
+HWND GetParent(HWND window);
+// The control with a number in a dialog.
+HWND GetDlgItem(HWND dialog, int id);
+int GetDlgCtrlID(HWND control);
+
+// Runs the window's handling of the message on the user-interface thread and gives its answer. From a worker
+// PBM_SETPOS and PBM_SETRANGE32 do not wait: they store a word that the bar picks up at its next paint.
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+// Queues the message; FALSE for a window that has gone. A queued message dies with its window.
+BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// FALSE if the window was hidden before.
+BOOL ShowWindow(HWND window, int command);
+// TRUE if the window was disabled before.
+BOOL EnableWindow(HWND window, BOOL enable);
+BOOL SetForegroundWindow(HWND window);
+// A text that does not change is not set again.
+BOOL SetWindowTextA(HWND window, const std::string& text);
+std::string GetWindowTextA(HWND window);
+BOOL DestroyWindow(HWND window);
+
+// WM_TIMER with `id` comes every `milliseconds` until the timer is killed or its window goes. Gives the id.
+UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds);
+BOOL KillTimer(HWND window, UINT_PTR id);
+
+BOOL GetCursorPos(POINT* position);
+
+// Shows a modal message box and waits for its answer (IDOK, IDYES, IDNO, IDCANCEL). Esc and the close box answer IDOK
+// on a box with OK alone, IDCANCEL where there is such a button, and IDNO to Yes/No. With a null owner the box is
+// modal to the program's active window, so it is never lost behind it. From a worker the box stands on the
+// user-interface thread and blocks that worker alone.
+int MessageBoxA(HWND owner, const char* text, const char* caption, UINT type);

@@ -1,0 +1,51 @@
+// The controls that dialogs bind to. All members may be called from a worker (see Calls.h).
+#pragma once
+
+#include "platform/window/Wnd.h"
+
+// Extended styles of a list, under their published numbers.
+inline constexpr DWORD LVS_EX_GRIDLINES = 0x001;
+inline constexpr DWORD LVS_EX_CHECKBOXES = 0x004;
+inline constexpr DWORD LVS_EX_FULLROWSELECT = 0x020;
+inline constexpr DWORD LVS_EX_FLATSB = 0x100; // today's scroll bars are flat: no effect
+
+class CButton : public CWnd
+{
+};
+
+class CStatic : public CWnd
+{
+};
+
+class CEdit : public CWnd
+{
+};
+
+class CProgressCtrl : public CWnd
+{
+public:
+    // A plain word, read from any thread without a round trip. Range 0 .. 2^32 - 1.
+    DWORD GetPos() const;
+};
+
+// A list of rows with columns. Rows and columns count from 0. Changes of a row's text, tick or selection are told to
+// the parent as LVN_ITEMCHANGED (NMLISTVIEW), a right click anywhere in the control, or the menu key, as NM_RCLICK.
+class CListCtrl : public CWnd
+{
+public:
+    DWORD GetExtendedStyle() const;
+    // Gives the old style.
+    DWORD SetExtendedStyle(DWORD style);
+    // Width in device-independent pixels. The last column also takes what is left of the control's width.
+    int InsertColumn(int column, const std::string& caption, int width);
+    int GetColumnCount() const;
+
+    int GetItemCount() const;
+    // Gives the row it got: a place beyond the end is the end.
+    int InsertItem(int row, const std::string& text);
+    BOOL SetItemText(int row, int column, const std::string& text);
+    std::string GetItemText(int row, int column) const;
+    BOOL DeleteAllItems();
+    BOOL GetCheck(int row) const;
+    BOOL SetCheck(int row, BOOL check = TRUE);
+};

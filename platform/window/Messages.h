@@ -1,0 +1,77 @@
+// Messages, commands and styles under their published numbers. Only those that are sent or handled somewhere.
+#pragma once
+
+#include "platform/window/Handle.h"
+
+#include "platform/Types.h"
+
+inline constexpr UINT WM_DESTROY = 0x0002;
+inline constexpr UINT WM_PAINT = 0x000F; // sent inside the toolkit's painting: draw through CPaintDC only
+inline constexpr UINT WM_CLOSE = 0x0010;
+inline constexpr UINT WM_QUERYDRAGICON = 0x0037;
+inline constexpr UINT WM_NOTIFY = 0x004E;
+inline constexpr UINT WM_SETICON = 0x0080;
+inline constexpr UINT WM_INITDIALOG = 0x0110;
+inline constexpr UINT WM_COMMAND = 0x0111;
+inline constexpr UINT WM_SYSCOMMAND = 0x0112;
+inline constexpr UINT WM_TIMER = 0x0113;
+inline constexpr UINT WM_USER = 0x0400;
+
+inline constexpr UINT BM_CLICK = 0x00F5;
+inline constexpr UINT PBM_SETPOS = 0x0402;
+inline constexpr UINT PBM_SETRANGE32 = 0x0406;
+inline constexpr UINT PBM_GETPOS = 0x0408;
+
+inline constexpr int IDOK = 1;
+inline constexpr int IDCANCEL = 2;
+inline constexpr int IDYES = 6;
+inline constexpr int IDNO = 7;
+
+inline constexpr UINT MB_OK = 0x00;
+inline constexpr UINT MB_OKCANCEL = 0x01;
+inline constexpr UINT MB_YESNO = 0x04;
+inline constexpr UINT MB_ICONERROR = 0x10;
+inline constexpr UINT MB_ICONQUESTION = 0x20;
+inline constexpr UINT MB_ICONEXCLAMATION = 0x30;
+inline constexpr UINT MB_ICONINFORMATION = 0x40;
+
+inline constexpr int SW_HIDE = 0;
+inline constexpr int SW_SHOW = 5;
+inline constexpr int SW_MINIMIZE = 6;
+inline constexpr int SW_RESTORE = 9;
+
+inline constexpr UINT BN_CLICKED = 0;
+
+inline constexpr UINT NM_DBLCLK = static_cast<UINT>(-3);
+inline constexpr UINT NM_RCLICK = static_cast<UINT>(-5);
+inline constexpr UINT LVN_ITEMCHANGED = static_cast<UINT>(-101);
+
+inline constexpr WPARAM ICON_SMALL = 0;
+inline constexpr WPARAM ICON_BIG = 1;
+
+// The head of every WM_NOTIFY; LPARAM points to it.
+struct NMHDR
+{
+    HWND hwndFrom;
+    UINT_PTR idFrom = 0;
+    UINT code = 0;
+};
+
+// LPARAM of a list control's LVN_ITEMCHANGED.
+struct NMLISTVIEW
+{
+    NMHDR hdr;
+    int iItem = -1;
+    int iSubItem = 0;
+};
+
+// A handle as the LPARAM of a message (WM_COMMAND names its control so), and back.
+constexpr LPARAM ToLParam(HWND window)
+{
+    return static_cast<LPARAM>(window.value);
+}
+
+constexpr HWND HwndFromLParam(LPARAM value)
+{
+    return {static_cast<std::uint64_t>(value)};
+}
