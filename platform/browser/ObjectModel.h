@@ -17,6 +17,9 @@ public:
     // Size of the element in pixels as laid out, not that of the file.
     virtual HRESULT get_width(LONG* width) = 0;
     virtual HRESULT get_height(LONG* height) = 0;
+
+protected:
+    ~IHTMLImgElement() = default;
 };
 
 class IHTMLAnchorElement : public IDispatch
@@ -26,6 +29,9 @@ public:
 
     // Target of the link, absolute.
     virtual HRESULT get_href(BSTR* href) = 0;
+
+protected:
+    ~IHTMLAnchorElement() = default;
 };
 
 class IHTMLElementCollection : public IDispatch
@@ -36,6 +42,9 @@ public:
     virtual HRESULT get_length(LONG* length) = 0;
     // Both arguments hold the index as VT_I4. An index out of range gives S_OK and null.
     virtual HRESULT item(VARIANT name, VARIANT index, IDispatch** element) = 0;
+
+protected:
+    ~IHTMLElementCollection() = default;
 };
 
 class IHTMLDocument2 : public IDispatch
@@ -48,6 +57,9 @@ public:
     // Elements in document order, as they were when the collection was asked for.
     virtual HRESULT get_images(IHTMLElementCollection** images) = 0;
     virtual HRESULT get_links(IHTMLElementCollection** links) = 0;
+
+protected:
+    ~IHTMLDocument2() = default;
 };
 
 class IWebBrowser2 : public IDispatch
@@ -58,6 +70,9 @@ public:
     // Fails for a window whose page does not answer (a sleeping tab, a page that hangs). The document of a page that is
     // no HTML has no IHTMLDocument2.
     virtual HRESULT get_Document(IDispatch** document) = 0;
+
+protected:
+    ~IWebBrowser2() = default;
 };
 
 class IShellWindows : public IDispatch
@@ -69,6 +84,9 @@ public:
     virtual HRESULT get_Count(LONG* count) = 0;
     // The window at an index (VT_I4) of the last look. S_OK with null for an index out of range.
     virtual HRESULT Item(VARIANT index, IDispatch** window) = 0;
+
+protected:
+    ~IShellWindows() = default;
 };
 
 inline constexpr CLSID CLSID_ShellWindows{0x9BA05972, 0xF6A8, 0x11CF, {0xA4, 0x42, 0x00, 0xA0, 0xC9, 0x0A, 0x8F, 0x39}};

@@ -34,8 +34,17 @@ struct MemoryWindow
     std::vector<std::wstring> links;
 };
 
-// One call of the object model, as "Interface::operation": "IShellWindows::get_Count", "IHTMLImgElement::get_src",
-// "QueryInterface IHTMLImgElement", "CoCreateInstance", "OleRun".
+// The calls are named as the program makes them:
+//
+//   "CoCreateInstance"  "OleRun"
+//   "QueryInterface I", where I is IShellWindows, IWebBrowser2, IHTMLDocument2, IHTMLElementCollection,
+//       IHTMLImgElement or IHTMLAnchorElement; whether or not the object has it
+//   "IShellWindows::get_Count"  "IShellWindows::Item"
+//   "IWebBrowser2::get_Document"
+//   "IHTMLDocument2::get_title"  "IHTMLDocument2::get_URL"  "IHTMLDocument2::get_images"  "IHTMLDocument2::get_links"
+//   "IHTMLElementCollection::get_length"  "IHTMLElementCollection::item"
+//   "IHTMLImgElement::get_src"  "IHTMLImgElement::get_width"  "IHTMLImgElement::get_height"
+//   "IHTMLAnchorElement::get_href"
 class MemoryBrowser
 {
 public:
@@ -45,10 +54,12 @@ public:
 
     // Thread-safe; a collection sees the windows of its last get_Count.
     void SetWindows(std::vector<MemoryWindow> windows);
-    // The nth call (from 1) of that name fails with the result; 0 is every call. Replaces an earlier failure.
+    // The nth call (from 1, counted from now) of that name fails with the result; 0 is every call. Replaces an earlier
+    // failure.
     void Fail(const std::string& call, HRESULT result, int nth = 0);
     void ClearFailure();
-    // Called before each call with its name, on the calling thread: to wait, to count, to change flags. May be null.
+    // Called before each call with its name, on the calling thread: to wait, to count, to change flags, to set the
+    // failure of this very call. May be null.
     void SetHook(std::function<void(const std::string& call)> hook);
     // Names of all calls so far, in order.
     std::vector<std::string> Calls() const;
