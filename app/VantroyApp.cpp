@@ -1,0 +1,35 @@
+#include "app/VantroyApp.h"
+
+#include "app/MainDlg.h"
+#include "app/RunMode.h"
+#include "resources/ResourceIds.h"
+
+#include "platform/com/Com.h"
+#include "platform/system/CommandLine.h"
+#include "platform/window/Resource.h"
+
+BOOL CVantroyApp::InitInstance()
+{
+    AfxEnableControlContainer();
+    Enable3dControls();
+    CoInitialize(nullptr);
+    if (RunModeOf(GetCommandLineA()) == RunMode::Plain)
+        RunMainDialog();
+    else
+        AfxMessageBox(AfxLoadString(IDS_NO_BATCH));
+    return FALSE;
+}
+
+void CVantroyApp::RunMainDialog()
+{
+    CMainDlg dialog;
+    m_pMainWnd = &dialog;
+    dialog.DoModal();
+    m_pMainWnd = nullptr;
+}
+
+int CVantroyApp::ExitInstance()
+{
+    CoUninitialize();
+    return CWinApp::ExitInstance();
+}

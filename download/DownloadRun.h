@@ -1,0 +1,81 @@
+// The body of a run: brings each address of a list into the save folder, from the browser's own copy where there is
+// one, otherwise over HTTP. Both windows that can own a run derive from it and answer what differs between them.
+//
+// DownloadFiles runs on the run's worker thread. Nothing is retried; what goes wrong with one item is silent, and the
+// run goes on with the next.
+#pragma once
+
+#include "base/Flag.h"
+#include "persist/DownloadSetting.h"
+
+#include "platform/files/FileCalls.h"
+#include "platform/internet/Internet.h"
+
+#include <string>
+
+class CCacheLookup;
+class CProgressFields;
+class CUrlList;
+struct INTERNET_CACHE_ENTRY_INFOA;
+
+class CDownloadRun
+{
+public:
+    CDownloadSetting m_setting;
+    CFlag m_bRunning = 0;      // a run is going on; clearing it asks the worker to stop
+    CFlag m_bFetchCurrent = 1; // the item in hand may go on
+
+    // Works through the list from head to tail. Called once a run, with a list that is not empty.
+    void DownloadFiles(const CUrlList& urls);
+
+    // True for a size of image that the settings do not want.
+    bool IsResolutionListed(LONG width, LONG height) const;
+    // True for a size in bytes that the settings do not want.
+    bool IsSizeFiltered(DWORD size) const;
+    // See FindLocalName.
+    bool MakeLocalName(std::string& path, DWORD size) const;
+
+    // Fetches one address by one GET and stores it. True if the exchange reached the body, also if the item was then
+    // cancelled or not stored.
+    bool FetchByHttp(const std::string& url, HINTERNET internet);
+    // Writes a fetched body into the save folder: the full path of the new file, or empty if nothing was stored. A file
+    // that could not be written whole is removed again.
+    std::string SaveFetchedData(const std::string& name, const void* data, DWORD size);
+
+    // The progress routine of a copy; `data` is the run. See CopyFileExA.
+    static DWORD CopyProgressProc(LARGE_INTEGER total, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER, DWORD,
+                                  DWORD, void*, void*, void* data);
+
+protected:
+    ~CDownloadRun() = default;
+
+    // What differs between the owners, called on the worker thread.
+
+    virtual CProgressFields& ProgressFields() = 0;
+    // Whether the loop ends before the next item.
+    virtual bool IsStopRequested() const = 0;
+    // Before the first item.
+    virtual void OnFetchBegins() = 0;
+    // An item was stored at `path`.
+    virtual void OnFileStored(const std::string& url, const std::string& path) = 0;
+    // After the last item, with the closing texts already set: the flags, the history.
+    virtual void OnFetchEnds() = 0;
+    // The Setup command: opens the settings sheet and returns when it has closed.
+    virtual void OnSetup() = 0;
+
+private:
+    enum class Pass
+    {
+        Next,
+        Again,
+        Leave,
+    };
+
+    void EnterSaveFolder();
+    Pass DownloadOne(const std::string& url, CCacheLookup& cache, HINTERNET internet);
+    void CopyCached(const std::string& url, const INTERNET_CACHE_ENTRY_INFOA& entry);
+    void ShowItem(const std::string& from, const std::string& file, DWORD size);
+    void ShowFiltered(const std::string& from, const std::string& file);
+    bool MayGoOn() const;
+    void ReceiveBody(HINTERNET request, char* body, DWORD size);
+};

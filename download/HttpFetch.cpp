@@ -1,0 +1,134 @@
+#include "download/DownloadRun.h"
+
+#include "base/Paths.h"
+#include "download/InternetHandles.h"
+#include "download/ProgressFields.h"
+
+#include "platform/files/File.h"
+#include "platform/system/Heap.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <optional>
+
+namespace
+{
+
+constexpr std::size_t kShortestUrl = 8;
+constexpr DWORD kBlockSize = 4096;
+
+struct HostAndPath
+{
+    std::string host;
+    std::string path; // with query and fragment
+};
+
+// Parts that the address lacks stay empty.
+HostAndPath CrackUrl(const std::string& url)
+{
+    URL_COMPONENTSA parts;
+    parts.dwStructSize = sizeof(parts);
+    parts.dwSchemeLength = 1;
+    parts.dwHostNameLength = 1;
+    parts.dwUrlPathLength = 1;
+    InternetCrackUrlA(url.c_str(), static_cast<DWORD>(url.size()), 0, &parts);
+    HostAndPath result;
+    if (parts.lpszHostName)
+        result.host.assign(parts.lpszHostName, parts.dwHostNameLength);
+    if (parts.lpszUrlPath)
+        result.path = parts.lpszUrlPath; // up to the end of the address, whatever its length says
+    return result;
+}
+
+// The size that a response promises: 0 for a text without digits, none without the header or for a size that no item
+// can have.
+std::optional<DWORD> ContentLengthOf(HINTERNET request)
+{
+    char text[32] = {};
+    DWORD room = sizeof(text);
+    if (!HttpQueryInfoA(request, HTTP_QUERY_CONTENT_LENGTH, text, &room, nullptr))
+        return std::nullopt;
+    text[sizeof(text) - 1] = '\0';
+    const long long size = std::atoll(text);
+    if (size < 0 || size > static_cast<long long>(std::numeric_limits<DWORD>::max()))
+        return std::nullopt;
+    return static_cast<DWORD>(size);
+}
+
+} // namespace
+
+bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
+{
+    if (url.size() < kShortestUrl || !internet)
+        return false;
+    const auto [host, path] = CrackUrl(url);
+    const CInternetHandle connection(
+        InternetConnectA(internet, host.c_str(), INTERNET_INVALID_PORT_NUMBER, "", "", INTERNET_SERVICE_HTTP, 0, 0));
+    if (!connection)
+        return false;
+    const CInternetHandle request(HttpOpenRequestA(connection.get(), "GET", path.c_str(), "HTTP/1.0", nullptr, nullptr,
+                                                   INTERNET_FLAG_NO_CACHE_WRITE, 0));
+    if (!request || !HttpSendRequestA(request.get(), nullptr, 0, nullptr, 0))
+        return false;
+    const std::optional<DWORD> size = ContentLengthOf(request.get());
+    if (!size)
+        return false;
+    if (IsSizeFiltered(*size))
+    {
+        ShowFiltered(host, path);
+        return false;
+    }
+    ShowItem(host, path, *size);
+    const HeapPtr<char> body(static_cast<char*>(HeapAlloc(*size)));
+    if (!body)
+        return true;
+    ReceiveBody(request.get(), body.get(), *size);
+    if (*size == 0 || !MayGoOn())
+        return true;
+    const std::string stored = SaveFetchedData(ItemNameOf(path), body.get(), *size);
+    if (!stored.empty())
+        OnFileStored(url, stored);
+    return true;
+}
+
+// Bytes that never arrive stay zero. Bytes beyond the promised size are dropped, and so is the connection then: a
+// server could send them for ever.
+void CDownloadRun::ReceiveBody(HINTERNET request, char* body, DWORD size)
+{
+    char block[kBlockSize];
+    DWORD count = 0;
+    DWORD received = 0;
+    while (InternetReadFile(request, block, kBlockSize, &count) && MayGoOn())
+    {
+        if (count == 0)
+        {
+            ProgressFields().SetProgress(size, size);
+            return;
+        }
+        const DWORD taken = std::min(count, size - received);
+        std::memcpy(body + received, block, taken);
+        received += taken;
+        ProgressFields().SetProgress(received, size);
+        if (received == size)
+            return;
+    }
+}
+
+std::string CDownloadRun::SaveFetchedData(const std::string& name, const void* data, DWORD size)
+{
+    std::string path = PathInFolder(m_setting.GetSaveFolder(), name);
+    if (!MakeLocalName(path, size))
+        return {};
+    CFile file;
+    if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
+        return {};
+    const bool written = file.Write(data, size);
+    if (!file.Close() || !written)
+    {
+        DeleteFileA(path.c_str());
+        return {};
+    }
+    return path;
+}

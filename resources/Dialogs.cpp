@@ -1,0 +1,52 @@
+#include "resources/Resources.h"
+
+#include "resources/ResourceIds.h"
+
+#include "platform/window/Messages.h"
+
+namespace
+{
+
+using enum ControlClass;
+
+// The list takes the two columns of 200 and 400 pixels at the usual desktop font; the buttons stand in pairs of what
+// belongs together. The two hidden buttons share the place above Exit.
+constexpr ControlTemplate kMain[] = {
+    {Picture, IDC_STATIC, 0, 0, 404, 34, CS_NOTAB, "", "Vantroy", IDB_BANNER},
+    {Label, IDC_STATIC, 7, 41, 308, 9, CS_NOTAB, "Current Browser Windows List:"},
+    {ListView, IDC_WINDOW_LIST, 7, 52, 311, 163},
+    {Button, IDC_REFRESH, 325, 52, 72, 15, CS_NONE, "&Refresh List"},
+    {Button, IDC_DOWNLOAD, 325, 70, 72, 15, CS_DEFAULT, "&Download Now"},
+    {Button, IDC_OPEN_FOLDER, 325, 95, 72, 15, CS_NONE, "&Open Folder"},
+    {Button, IDC_HISTORY, 325, 113, 72, 15, CS_NONE, "View &History"},
+    {Button, IDC_ALBUM, 325, 178, 72, 15, CS_HIDDEN, "&Album..."},
+    {Button, IDC_ADVANCED, 325, 178, 72, 15, CS_HIDDEN, "Ad&vanced..."},
+    {Button, IDC_SETUP, 325, 138, 72, 15, CS_NONE, "&Setup..."},
+    {Button, IDC_HELP_MENU, 325, 156, 72, 15, CS_NONE, "&Help"},
+    {Button, IDCANCEL, 325, 200, 72, 15, CS_NONE, "&Exit"},
+};
+
+constexpr ControlTemplate kProgress[] = {
+    {Label, IDC_STATIC, 7, 10, 58, 9, CS_NOTAB, "Download From:"},
+    {Edit, IDC_TRANSFER_FROM, 67, 7, 206, 14, CS_READONLY},
+    {Label, IDC_STATIC, 7, 29, 58, 9, CS_NOTAB, "Download File:"},
+    {Edit, IDC_TRANSFER_FILE, 67, 26, 206, 14, CS_READONLY},
+    {Label, IDC_STATIC, 7, 47, 58, 9, CS_NOTAB, "File Size:"},
+    {Label, IDC_TRANSFER_SIZE, 67, 47, 206, 9, CS_NOTAB},
+    {Label, IDC_STATIC, 7, 64, 58, 9, CS_NOTAB, "Progress:"},
+    {ProgressBar, IDC_TRANSFER_BAR, 67, 62, 206, 12},
+    {Label, IDC_TRANSFER_PERCENT, 67, 78, 206, 9, CS_NOTAB},
+    {Button, IDC_CANCEL_CURRENT, 125, 95, 72, 15, CS_NONE, "&Cancel Current"},
+    {Button, IDCANCEL, 201, 95, 72, 15, CS_DEFAULT, "Cancel &All"},
+};
+
+} // namespace
+
+std::span<const DialogTemplate> DialogResources()
+{
+    static constexpr DialogTemplate dialogs[] = {
+        {IDD_MAIN, 404, 222, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kMain},
+        {IDD_PROGRESS, 280, 117, DS_SYSMENU, "Vantroy", kProgress},
+    };
+    return dialogs;
+}

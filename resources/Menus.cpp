@@ -1,0 +1,34 @@
+#include "resources/Resources.h"
+
+#include "resources/ResourceIds.h"
+
+namespace
+{
+
+constexpr MenuEntry kListPopup[] = {
+    {0, 0, "List"}, {1, ID_SELECT_ALL, "Select &All\t"},      {1, ID_REVERSE_SELECT, "&Reverse Select\t"},
+    {1, 0, ""},     {1, IDC_REFRESH, "Refresh &Window List"},
+};
+
+constexpr MenuEntry kHelpPopup[] = {
+    {0, 0, "Help"},
+    {1, ID_USER_MANUAL, "User &Manual"},
+    {1, 0, ""},
+    {1, ID_CHECK_VERSION, "Check for &New Version..."},
+    {1, 0, ""},
+    {1, ID_HOME_PAGE, "Visit Vantroy &Home Page"},
+    {1, ID_EMAIL_SUPPORT, "E-Mail &Support"},
+    {1, 0, ""},
+    {1, ID_ABOUT, "&About"},
+};
+
+} // namespace
+
+std::span<const MenuTemplate> MenuResources()
+{
+    static constexpr MenuTemplate menus[] = {
+        {IDR_LIST_POPUP, kListPopup},
+        {IDR_HELP_POPUP, kHelpPopup},
+    };
+    return menus;
+}

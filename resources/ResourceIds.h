@@ -1,0 +1,67 @@
+// Numbers of the resources: dialogs, controls, menus, commands, texts and pictures.
+#pragma once
+
+// Pictures.
+inline constexpr int IDI_APPLICATION_ICON = 128;
+inline constexpr int IDB_BANNER = 129;
+
+// Dialogs.
+inline constexpr int IDD_MAIN = 102;
+inline constexpr int IDD_PROGRESS = 103;
+
+// A control that nobody names.
+inline constexpr int IDC_STATIC = 0xFFFF;
+
+// Controls of the main dialog; Exit is the dialog's cancel button.
+inline constexpr int IDC_WINDOW_LIST = 1000;
+inline constexpr int IDC_REFRESH = 1001;
+inline constexpr int IDC_DOWNLOAD = 1002;
+inline constexpr int IDC_OPEN_FOLDER = 1003;
+inline constexpr int IDC_HISTORY = 1004;
+inline constexpr int IDC_ALBUM = 1005;
+inline constexpr int IDC_ADVANCED = 1006;
+inline constexpr int IDC_SETUP = 1007;
+inline constexpr int IDC_HELP_MENU = 1008;
+
+// The progress fields, in every window that has them; Cancel All is the dialog's cancel button.
+inline constexpr int IDC_TRANSFER_FROM = 1020;
+inline constexpr int IDC_TRANSFER_FILE = 1021;
+inline constexpr int IDC_TRANSFER_SIZE = 1022;
+inline constexpr int IDC_TRANSFER_BAR = 1023;
+inline constexpr int IDC_TRANSFER_PERCENT = 1024;
+inline constexpr int IDC_CANCEL_CURRENT = 1025;
+
+// Popup menus.
+inline constexpr int IDR_LIST_POPUP = 149;
+inline constexpr int IDR_HELP_POPUP = 187;
+
+// Commands.
+inline constexpr int ID_ABOUT_SYSTEM = 16; // in the system menu: the low four bits are the system's own
+inline constexpr int ID_SELECT_ALL = 32771;
+inline constexpr int ID_REVERSE_SELECT = 32772;
+inline constexpr int ID_EMAIL_SUPPORT = 32783;
+inline constexpr int ID_ABOUT = 57664;
+inline constexpr int ID_USER_MANUAL = 57670;
+inline constexpr int ID_HOME_PAGE = 57693;
+inline constexpr int ID_CHECK_VERSION = 57695;
+
+// Texts.
+inline constexpr int IDS_ABOUT_SYSTEM = 101;
+inline constexpr int IDS_UNTITLED_PAGE = 102;
+inline constexpr int IDS_COLUMN_TITLE = 103;
+inline constexpr int IDS_COLUMN_URL = 104;
+inline constexpr int IDS_NO_PROGRESS_WINDOW = 105;
+inline constexpr int IDS_NO_WINDOW_COLLECTION = 106;
+inline constexpr int IDS_TERMINATING = 107;
+inline constexpr int IDS_NO_FILES = 108;
+inline constexpr int IDS_GETTING_LIST = 109;
+inline constexpr int IDS_DOWNLOADING = 110;
+inline constexpr int IDS_DOWNLOAD_COMPLETE = 111;
+inline constexpr int IDS_CANCEL_ALL = 112;
+inline constexpr int IDS_OK = 113;
+inline constexpr int IDS_ASK_CANCEL = 114;
+inline constexpr int IDS_NO_FOLDER = 115;
+inline constexpr int IDS_FILTERED = 116;
+inline constexpr int IDS_SIZE = 117;
+inline constexpr int IDS_PERCENT = 118;
+inline constexpr int IDS_NO_BATCH = 119;

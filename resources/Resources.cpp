@@ -1,0 +1,8 @@
+#include "resources/Resources.h"
+
+const ResourceTable& VantroyResources()
+{
+    static const ResourceTable table{"Vantroy",       "vantroy",       DialogResources(),
+                                     MenuResources(), TextResources(), PictureResources()};
+    return table;
+}

@@ -1,0 +1,29 @@
+#include "resources/Resources.h"
+
+#include "resources/ResourceIds.h"
+
+std::span<const TextEntry> TextResources()
+{
+    static constexpr TextEntry texts[] = {
+        {IDS_ABOUT_SYSTEM, "About Vantroy(&A)..."},
+        {IDS_UNTITLED_PAGE, "无标题"},
+        {IDS_COLUMN_TITLE, "Browser Window Title"},
+        {IDS_COLUMN_URL, "Current URL"},
+        {IDS_NO_PROGRESS_WINDOW, "Error creating progress window!"},
+        {IDS_NO_WINDOW_COLLECTION, "Error creating ie doc window!"},
+        {IDS_TERMINATING, "Terminating download thread now, please try again."},
+        {IDS_NO_FILES, "No files to download."},
+        {IDS_GETTING_LIST, "Now getting download files list..."},
+        {IDS_DOWNLOADING, "Download files now..."},
+        {IDS_DOWNLOAD_COMPLETE, "Download complete!"},
+        {IDS_CANCEL_ALL, "Cancel &All"},
+        {IDS_OK, "OK"},
+        {IDS_ASK_CANCEL, "Are you sure you want to cancel current download task?"},
+        {IDS_NO_FOLDER, "Folder %s does not exist.\nPlease specify a valid folder and try again."},
+        {IDS_FILTERED, "Filtered."},
+        {IDS_SIZE, "%d Bytes"},
+        {IDS_PERCENT, "%d%% Complete"},
+        {IDS_NO_BATCH, "The batch modes are not part of this version yet."},
+    };
+    return texts;
+}
