@@ -11,8 +11,7 @@
 #include "platform/window/WinApp.h"
 
 CMainDlg::CMainDlg() : CDialog(IDD_MAIN), m_hIcon(AfxGetApp()->LoadIcon(IDI_APPLICATION_ICON))
-{
-}
+{}
 
 CMainDlg::~CMainDlg()
 {

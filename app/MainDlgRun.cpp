@@ -75,8 +75,7 @@ void CMainDlg::OnFetchEnds()
 }
 
 void CMainDlg::OnSetup()
-{
-}
+{}
 
 CDownloadRun& CMainDlg::Run()
 {

@@ -9,8 +9,7 @@ class CFlag
 {
 public:
     constexpr CFlag(std::int32_t value = 0) : m_value(value)
-    {
-    }
+    {}
     CFlag(const CFlag&) = delete;
 
     CFlag& operator=(std::int32_t value)

@@ -6,8 +6,7 @@
 #include "platform/window/WinApp.h"
 
 CProgressDlg::CProgressDlg(IProgressOwner* owner) : CDialog(IDD_PROGRESS), m_pOwner(owner)
-{
-}
+{}
 
 const MessageMap& CProgressDlg::GetMessageMap() const
 {

@@ -64,11 +64,9 @@ UINT HarvestPagesProc(void* parameter)
         result = RunWorker(owner);
     }
     catch (const _com_error&)
-    {
-    }
+    {}
     catch (const std::bad_alloc&)
-    {
-    }
+    {}
     owner.OnRunEnds();
     return static_cast<UINT>(result);
 }

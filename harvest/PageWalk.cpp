@@ -22,8 +22,7 @@ class CPageWalk
 {
 public:
     CPageWalk(IHarvestOwner& owner, CUrlList& urls) : m_owner(owner), m_run(owner.Run()), m_urls(urls)
-    {
-    }
+    {}
 
     void WalkWindow(IHTMLDocument2& document)
     {

@@ -39,8 +39,7 @@ void CWindowList::Refill(IShellWindows* windows)
         }
     }
     catch (const _com_error&)
-    {
-    }
+    {}
 }
 
 void CWindowList::AddRow(LONG index, IHTMLDocument2& document)

@@ -14,8 +14,7 @@ void CHistoryFile::SetLocalPath(const std::string& path)
 }
 
 CHistoryItem::CHistoryItem() : m_time(static_cast<std::int32_t>(std::time(nullptr)))
-{
-}
+{}
 
 void CHistoryItem::SetPageUrl(const std::string& url)
 {
@@ -49,9 +48,9 @@ void CHistoryStore::Clear()
 
 void CHistoryStore::AddItem(const CHistoryItem& item)
 {
-    const auto same =
-        std::find_if(m_items.begin(), m_items.end(),
-                     [&item](const CHistoryItem& other) { return other.GetPageUrl() == item.GetPageUrl(); });
+    const auto same = std::find_if(m_items.begin(), m_items.end(), [&item](const CHistoryItem& other) {
+        return other.GetPageUrl() == item.GetPageUrl();
+    });
     if (same == m_items.end())
         m_items.push_back(item);
     else

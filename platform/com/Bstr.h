@@ -23,8 +23,7 @@ class CComBSTR
 public:
     CComBSTR() = default;
     CComBSTR(CComBSTR&& other) noexcept : m_text(std::exchange(other.m_text, nullptr))
-    {
-    }
+    {}
     CComBSTR& operator=(CComBSTR&& other) noexcept
     {
         std::swap(m_text, other.m_text);

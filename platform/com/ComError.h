@@ -7,8 +7,7 @@ class _com_error
 {
 public:
     explicit _com_error(HRESULT result) : m_result(result)
-    {
-    }
+    {}
     HRESULT Error() const
     {
         return m_result;

@@ -12,8 +12,7 @@ class CComPtr
 public:
     CComPtr() = default;
     CComPtr(std::nullptr_t)
-    {
-    }
+    {}
     // Takes a reference of its own.
     CComPtr(Interface* p) : m_p(p)
     {
@@ -21,11 +20,9 @@ public:
             m_p->AddRef();
     }
     CComPtr(const CComPtr& other) : CComPtr(other.m_p)
-    {
-    }
+    {}
     CComPtr(CComPtr&& other) noexcept : m_p(std::exchange(other.m_p, nullptr))
-    {
-    }
+    {}
     ~CComPtr()
     {
         Release();

@@ -38,6 +38,8 @@ public:
     std::uint64_t GetLength() const;
     std::uint64_t SeekToEnd();
     bool SetLength(std::uint64_t length);
+    // Waits until what was written stands on the disk.
+    bool Flush();
     // False if the system reports a late write error here. Closing a closed file is true and does nothing.
     bool Close();
 

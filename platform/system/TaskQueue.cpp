@@ -46,8 +46,7 @@ struct Ticket
     std::shared_ptr<PendingCall> call;
 
     explicit Ticket(std::shared_ptr<PendingCall> pending) : call(std::move(pending))
-    {
-    }
+    {}
     ~Ticket()
     {
         call->Finish(false);
@@ -93,8 +92,7 @@ bool TaskQueue::Call(const Task& task)
     }
     const auto call = std::make_shared<PendingCall>();
     // The caller waits, so its task may be taken by reference.
-    const auto run = [&task, ticket = std::make_shared<Ticket>(call)]
-    {
+    const auto run = [&task, ticket = std::make_shared<Ticket>(call)] {
         try
         {
             task();

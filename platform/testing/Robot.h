@@ -79,6 +79,8 @@ private:
 
 // Starts the off-screen desktop for a test program, once, before the first test. Called by the tests' main.
 void StartTestDesktop(int& argc, char** argv);
+// Ends it again, after the last test.
+void StopTestDesktop();
 
 // Runs `userInterface` (a DoModal, or a loop) on this thread while `script` runs on another; returns when both have
 // ended. A RobotError or any other exception of the script closes all windows and is thrown on here.
