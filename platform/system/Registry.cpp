@@ -1,0 +1,176 @@
+#include "platform/system/Registry.h"
+
+#include "platform/files/InstallHome.h"
+#include "platform/files/InstallHome_p.h"
+#include "platform/system/LastError.h"
+#include "platform/system/RegistryFile_p.h"
+
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace
+{
+
+struct Key
+{
+    HKEY root = HKEY::Null;
+    std::string path; // from the root, without a backslash at either end
+};
+
+// The open keys. Numbers are not used twice, so a closed handle stays unknown.
+class OpenKeys
+{
+public:
+    HKEY Add(Key key)
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto handle = static_cast<HKEY>(++m_last);
+        m_keys.emplace(handle, std::move(key));
+        return handle;
+    }
+
+    // False for a handle that is neither open nor a root.
+    bool Find(HKEY handle, Key& key)
+    {
+        if (handle == HKEY_CURRENT_USER || handle == HKEY_LOCAL_MACHINE)
+        {
+            key = Key{handle, {}};
+            return true;
+        }
+        const std::lock_guard lock(m_mutex);
+        const auto found = m_keys.find(handle);
+        if (found == m_keys.end())
+            return false;
+        key = found->second;
+        return true;
+    }
+
+    bool Remove(HKEY handle)
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_keys.erase(handle) != 0;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::map<HKEY, Key> m_keys;
+    std::uintptr_t m_last = 0;
+};
+
+OpenKeys& Keys()
+{
+    static OpenKeys keys;
+    return keys;
+}
+
+RegistryFile FileOf(HKEY root)
+{
+    return RegistryFile(InstallHomeFolder() + '/' +
+                        (root == HKEY_CURRENT_USER ? kUserRegistryFile : kMachineRegistryFile));
+}
+
+bool FindSubKey(HKEY handle, const char* subKey, Key& key)
+{
+    if (!Keys().Find(handle, key))
+        return false;
+    std::string below = subKey ? subKey : "";
+    below.erase(0, below.find_first_not_of('\\'));
+    below.erase(below.find_last_not_of('\\') + 1);
+    if (!key.path.empty() && !below.empty())
+        key.path += '\\';
+    key.path += below;
+    return true;
+}
+
+// Runs a change of the root's file; no other writer comes between its reading and its writing.
+template <class Change>
+LONG ChangeFile(HKEY root, const Change& change)
+{
+    const RegistryLock lock(InstallHomeFolder());
+    if (!lock.IsHeld())
+        return static_cast<LONG>(GetLastError());
+    RegistryFile file = FileOf(root);
+    if (const LONG error = file.Load(); error != ERROR_SUCCESS)
+        return error;
+    change(file);
+    return file.Save();
+}
+
+} // namespace
+
+LONG RegOpenKeyA(HKEY key, const char* subKey, HKEY* result)
+{
+    *result = HKEY::Null;
+    Key found;
+    if (!FindSubKey(key, subKey, found))
+        return ERROR_INVALID_HANDLE;
+    RegistryFile file = FileOf(found.root);
+    if (const LONG error = file.Load(); error != ERROR_SUCCESS)
+        return error;
+    if (!found.path.empty() && !file.HasKey(found.path))
+        return ERROR_FILE_NOT_FOUND;
+    *result = Keys().Add(std::move(found));
+    return ERROR_SUCCESS;
+}
+
+LONG RegCreateKeyA(HKEY key, const char* subKey, HKEY* result)
+{
+    if (RegOpenKeyA(key, subKey, result) == ERROR_SUCCESS)
+        return ERROR_SUCCESS;
+    Key made;
+    if (!FindSubKey(key, subKey, made))
+        return ERROR_INVALID_HANDLE;
+    const LONG error = ChangeFile(made.root, [&](RegistryFile& file) { file.AddKey(made.path); });
+    if (error == ERROR_SUCCESS)
+        *result = Keys().Add(std::move(made));
+    return error;
+}
+
+LONG RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size)
+{
+    Key found;
+    if (!Keys().Find(key, found))
+        return ERROR_INVALID_HANDLE;
+    RegistryFile file = FileOf(found.root);
+    if (const LONG error = file.Load(); error != ERROR_SUCCESS)
+        return error;
+    const auto text = file.Value(found.path, name ? name : "");
+    if (!text)
+        return ERROR_FILE_NOT_FOUND;
+    if (type)
+        *type = REG_SZ;
+    const DWORD room = size ? *size : 0;
+    const auto needed = static_cast<DWORD>(text->size() + 1);
+    if (size)
+        *size = needed;
+    if (!data)
+        return ERROR_SUCCESS;
+    if (room < needed)
+        return ERROR_INSUFFICIENT_BUFFER;
+    std::memcpy(data, text->c_str(), needed);
+    return ERROR_SUCCESS;
+}
+
+LONG RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size)
+{
+    Key found;
+    if (!Keys().Find(key, found))
+        return ERROR_INVALID_HANDLE;
+    if (type != REG_SZ || (!data && size != 0))
+        return ERROR_INVALID_PARAMETER;
+    std::string text(reinterpret_cast<const char*>(data), size);
+    if (text.ends_with('\0'))
+        text.pop_back();
+    return ChangeFile(found.root, [&](RegistryFile& file) { file.SetValue(found.path, name ? name : "", text); });
+}
+
+LONG RegCloseKey(HKEY key)
+{
+    Key found;
+    if (!Keys().Find(key, found))
+        return ERROR_INVALID_HANDLE;
+    Keys().Remove(key);
+    return ERROR_SUCCESS;
+}
