@@ -12,10 +12,10 @@
 struct HttpAnswer
 {
     int status = 200;
-    std::string body;
+    std::string body = {};
     std::string contentLength = "auto"; // the header's text; "auto" is the body's true length, "none" leaves it out
-    std::string location;               // for a redirect
-    std::string raw;                    // when not empty, sent instead of all the above, head included
+    std::string location = {};          // for a redirect
+    std::string raw = {};               // when not empty, sent instead of all the above, head included
     std::size_t stallAfter = SIZE_MAX;  // body bytes after which the server stops sending until Release or its end
     bool closeEarly = false;            // with stallAfter: closes there instead of stalling
 };
@@ -42,5 +42,5 @@ public:
     struct State;
 
 private:
-    std::unique_ptr<State> m_state;
+    std::shared_ptr<State> m_state; // shared with the threads of its connections
 };
