@@ -23,6 +23,10 @@ import urllib.request
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 PROGRAM = ROOT / 'build/release/bin/vantroy'
 
+# Nothing here is for a proxy to see: all that is started and asked listens on this machine.
+os.environ['no_proxy'] = os.environ['NO_PROXY'] = ','.join(
+    filter(None, [os.environ.get('no_proxy') or os.environ.get('NO_PROXY'), '127.0.0.1']))
+
 
 class StageError(Exception):
     """What should have come on show and did not."""
