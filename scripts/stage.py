@@ -69,14 +69,17 @@ def demo_module():
 
 
 class DemoServer(contextlib.AbstractContextManager):
-    """The demo pages on a free port; `log`, when given, is the file that gets a line for each request."""
+    """The demo pages, on a free port unless one is named; `log` is the file that gets a line for each request."""
 
-    def __init__(self, log=None):
+    def __init__(self, log=None, port=0):
         serve = demo_module()
-        self._server = serve.server(0, log)
+        self._server = serve.server(port, log, self.handler(serve))
         self.port = self._server.server_port
         self.pages = [f'http://127.0.0.1:{self.port}{page}' for page in serve.PAGES]
         threading.Thread(target=self._server.serve_forever, daemon=True).start()
+
+    def handler(self, serve):
+        return serve.Handler
 
     def __exit__(self, *_):
         self._server.shutdown()
@@ -221,9 +224,12 @@ class Screen(contextlib.AbstractContextManager):
         except StageError as error:
             raise StageError(f'{error}; on show: {[name for _, name in self.windows()]}') from None
 
+    def activate(self, title):
+        self.xdotool('windowactivate', '--sync', self.window(title))
+
     def press(self, title, keys):
         """Keys as xdotool names them, to the window with a title."""
-        self.xdotool('windowactivate', '--sync', self.window(title))
+        self.activate(title)
         self.xdotool('key', '--clearmodifiers', keys)
 
     def leave(self, title, keys, seconds=30):
