@@ -31,6 +31,14 @@ protected:
     // Exit, Esc and the close box.
     void OnCancel() override;
 
+    // CDownloadRun, on the worker thread.
+    CProgressFields& ProgressFields() override;
+    bool IsStopRequested() const override;
+    void OnFetchBegins() override;
+    void OnFileStored(const std::string& url, const std::string& path) override;
+    void OnFetchEnds() override;
+    void OnSetup() override;
+
 private:
     // Messages and commands.
     void OnPaint();
@@ -44,14 +52,6 @@ private:
     void OnHelpMenu();
     void OnSelectAll();
     void OnReverseSelect();
-
-    // CDownloadRun, on the worker thread.
-    CProgressFields& ProgressFields() override;
-    bool IsStopRequested() const override;
-    void OnFetchBegins() override;
-    void OnFileStored(const std::string& url, const std::string& path) override;
-    void OnFetchEnds() override;
-    void OnSetup() override;
 
     // IHarvestOwner, on the worker thread.
     CDownloadRun& Run() override;

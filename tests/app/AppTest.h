@@ -1,0 +1,100 @@
+// The main dialog over a browser, a cache and a server of the test's own, in a home of its own, used as a user uses it.
+#pragma once
+
+#include "app/MainDlg.h"
+#include "resources/Resources.h"
+
+#include "platform/com/Com.h"
+#include "platform/testing/HttpTestServer.h"
+#include "platform/testing/MemoryBrowser.h"
+#include "platform/testing/MemoryUrlCache.h"
+#include "platform/testing/Robot.h"
+#include "platform/testing/TempHome.h"
+#include "platform/window/WinApp.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+// A dialog whose run can be held up: the hook is called on the worker wherever the run shows something.
+class TestMainDlg : public CMainDlg
+{
+public:
+    explicit TestMainDlg(std::function<void()> whenShowing) : m_whenShowing(std::move(whenShowing))
+    {}
+
+private:
+    CProgressFields& ProgressFields() override
+    {
+        if (m_whenShowing)
+            m_whenShowing();
+        return CMainDlg::ProgressFields();
+    }
+
+    std::function<void()> m_whenShowing;
+};
+
+class AppTest : public testing::Test
+{
+protected:
+    AppTest()
+    {
+        static CWinApp application;
+        AfxSetResources(VantroyResources());
+        m_home.Write("Download/.keep", "");
+    }
+
+    // Runs the dialog; the script ends it, or it is closed when the script is over.
+    void Run(const std::function<void(Robot&)>& script)
+    {
+        RunScript(
+            [this] {
+                CoInitialize(nullptr);
+                {
+                    TestMainDlg dialog(m_whenShowing);
+                    dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
+                    m_prepare(dialog);
+                    AfxGetApp()->m_pMainWnd = &dialog;
+                    dialog.DoModal();
+                    AfxGetApp()->m_pMainWnd = nullptr;
+                }
+                CoUninitialize();
+            },
+            [&script](Robot& robot) {
+                script(robot);
+                if (CWnd* const window = AfxGetMainWnd())
+                    window->PostMessage(WM_CLOSE);
+            });
+        EXPECT_EQ(m_browser.LiveObjects(), 0);
+    }
+
+    // A page of the browser with these images.
+    static MemoryWindow Page(const std::wstring& url, const std::wstring& title,
+                             const std::vector<std::string>& images = {})
+    {
+        MemoryWindow page{MemoryWindow::Kind::Page, url, title, {}, {}};
+        for (const std::string& image : images)
+            page.images.push_back({std::wstring(image.begin(), image.end())});
+        return page;
+    }
+    std::string Served(const std::string& path, const std::string& body)
+    {
+        m_server.Serve(path, body);
+        return m_server.Url(path);
+    }
+    std::vector<std::string> Saved() const
+    {
+        std::vector<std::string> names = m_home.Files("Download");
+        std::erase(names, ".keep");
+        return names;
+    }
+
+    TempHome m_home;
+    HttpTestServer m_server;
+    MemoryBrowser m_browser;
+    MemoryUrlCache m_cache;
+    std::function<void()> m_whenShowing;
+    std::function<void(CMainDlg&)> m_prepare = [](CMainDlg&) {};
+};
+
+inline constexpr const char* kMainWindow = "Vantroy";

@@ -1,0 +1,304 @@
+#include "AppTest.h"
+
+#include "app/RunMode.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+
+using Names = std::vector<std::string>;
+
+namespace
+{
+
+constexpr const char* kDownloading = "Download files now...";
+constexpr const char* kComplete = "Download complete!";
+
+// Holds a thread up until the test lets it go.
+class Gate
+{
+public:
+    void Pass()
+    {
+        std::unique_lock lock(m_mutex);
+        m_held = true;
+        m_changed.notify_all();
+        m_changed.wait(lock, [this] { return m_open; });
+        m_held = false;
+    }
+    bool IsHeld()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_held;
+    }
+    void Open()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_open = true;
+        m_changed.notify_all();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_held = false;
+    bool m_open = false;
+};
+
+class MainRun : public AppTest
+{
+protected:
+    // One page with two items of which the first can be held up.
+    void OpenPage(const std::string& first, const std::string& second)
+    {
+        m_browser.SetWindows({Page(L"http://page/", L"Page", {first, second})});
+    }
+    static void FinishRun(Robot& robot)
+    {
+        robot.WaitForWindow(kComplete);
+        robot.Press("OK", kComplete);
+        robot.WaitForNoWindow(kComplete);
+    }
+    static void WaitUntilEnabled(Robot& robot)
+    {
+        robot.WaitUntil([&robot] { return robot.IsEnabled("Download Now", kMainWindow); }, "Download Now");
+    }
+};
+
+} // namespace
+
+TEST(RunModes, AreFoundAnywhereInTheLine)
+{
+    const std::pair<const char*, RunMode> cases[] = {
+        {"\"\\opt\\vantroy\"", RunMode::Plain},
+        {"\"\\opt\\vantroy\" /all", RunMode::All},
+        {"\"\\opt\\vantroy\" /current", RunMode::Current},
+        {"\"\\opt\\vantroy\" /current /all", RunMode::All},
+        {"\"\\opt\\vantroy\" /ALL", RunMode::Plain},
+        {"\"\\opt\\vantroy\" x/allergy", RunMode::All},
+        {"\"\\home\\allan\\vantroy\"", RunMode::Plain},
+        {"\"/home/allan/vantroy\"", RunMode::All},
+        {"", RunMode::Plain},
+    };
+    for (const auto& [line, mode] : cases)
+        EXPECT_EQ(RunModeOf(line), mode) << line;
+}
+
+TEST_F(MainRun, BringsTheFilesOfTheTickedPages)
+{
+    m_home.Write("copy", "cached");
+    m_cache.Add("http://h/c.gif", m_home.Path("copy"));
+    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a.jpg", "one"), "http://h/c.gif"}),
+                          Page(L"http://two/", L"Two", {Served("/b.jpg", "two")})});
+    Run([this](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        robot.Tick(1);
+        robot.Key("Alt+D");
+        robot.WaitForWindow(kComplete);
+        EXPECT_EQ(robot.LayoutFaults(kComplete), "");
+        EXPECT_EQ(Saved(), (Names{"a.jpg", "c.gif"}));
+        FinishRun(robot);
+        robot.Tick(1);
+        robot.Press("Download Now");
+        FinishRun(robot);
+        EXPECT_EQ(Saved(), (Names{"a.jpg", "b.jpg", "c.gif"}));
+        WaitUntilEnabled(robot);
+    });
+    EXPECT_EQ(m_home.Read("Download/c.gif"), "cached");
+}
+
+TEST_F(MainRun, SaysWhenThereIsNothingToDownload)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One")});
+    Run([](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        robot.Press("Download Now");
+        EXPECT_EQ(robot.MessageBoxText(), "No files to download.");
+        robot.Answer("OK");
+        WaitUntilEnabled(robot);
+        EXPECT_FALSE(robot.IsShown("Cancel All"));
+    });
+}
+
+TEST_F(MainRun, ComesBackToIdleWhenTheBrowserFails)
+{
+    OpenPage(Served("/a", "a"), Served("/b", "b"));
+    Run([this](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        for (const char* call : {"CoCreateInstance", "IShellWindows::get_Count", "IShellWindows::Item"})
+        {
+            m_browser.Fail(call, RPC_E_DISCONNECTED);
+            robot.Press("Download Now");
+            WaitUntilEnabled(robot);
+            EXPECT_EQ(robot.Windows(), Names{kMainWindow}) << call;
+        }
+        m_browser.ClearFailure();
+        robot.Press("Download Now");
+        FinishRun(robot);
+    });
+    EXPECT_EQ(Saved(), (Names{"a", "b"}));
+}
+
+// The item in hand is held up in a copy from the cache, in an HTTP body, or in the cache look-up, while the user
+// presses one of the two buttons.
+TEST_F(MainRun, CancelsTheItemOrTheRun)
+{
+    enum class Item
+    {
+        Copy,
+        Body,
+        Lookup,
+    };
+    const std::string cached = "http://h/first";
+    m_home.Write("copy", std::string(1 << 20, 'c'));
+    m_server.Serve("/first", HttpAnswer{.body = std::string(1 << 20, 'b')});
+    const std::string second = Served("/second", "second");
+    for (const Item item : {Item::Copy, Item::Body, Item::Lookup})
+    {
+        for (const bool cancelAll : {false, true})
+        {
+            Gate gate;
+            std::atomic<int> shown = 0;
+            MemoryUrlCache cache;
+            cache.Add(cached, m_home.Path("copy"));
+            if (item == Item::Lookup)
+                cache.SetHook([&gate, cached](const std::string& url) {
+                    if (url == cached)
+                        gate.Pass();
+                });
+            else
+                m_whenShowing = [&gate, &shown] {
+                    // The item's own texts come first; this is well within its bytes.
+                    if (++shown == 10)
+                        gate.Pass();
+                };
+            OpenPage(item == Item::Body ? m_server.Url("/first") : cached, second);
+            Run([&](Robot& robot) {
+                robot.WaitForWindow(kMainWindow);
+                robot.Press("Download Now");
+                robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the item to be held up");
+                if (cancelAll)
+                {
+                    robot.Press("Cancel All", kDownloading);
+                    EXPECT_EQ(robot.MessageBoxText(), "Are you sure you want to cancel current download task?");
+                    robot.Answer("Yes");
+                    robot.WaitForNoWindow(kDownloading);
+                    EXPECT_TRUE(robot.IsEnabled("Download Now"));
+                    gate.Open();
+                    WaitUntilEnabled(robot);
+                }
+                else
+                {
+                    robot.Press("Cancel Current", kDownloading);
+                    gate.Open();
+                    FinishRun(robot);
+                }
+            });
+            const Names expected = cancelAll              ? Names{}
+                                   : item == Item::Lookup ? Names{"first", "second"}
+                                                          : Names{"second"};
+            // The look-up itself cannot be stopped: its item is brought before the run ends.
+            if (cancelAll && item == Item::Lookup)
+            {
+                EXPECT_TRUE(Saved().empty() || Saved() == Names{"first"});
+            }
+            else
+            {
+                EXPECT_EQ(Saved(), expected) << static_cast<int>(item) << cancelAll;
+            }
+            for (const std::string& name : Saved())
+                std::remove(m_home.Path("Download/" + name).c_str());
+            m_whenShowing = nullptr;
+        }
+    }
+}
+
+TEST_F(MainRun, ANoChangesNothing)
+{
+    Gate gate;
+    std::atomic<int> shown = 0;
+    m_whenShowing = [&] {
+        if (++shown == 5)
+            gate.Pass();
+    };
+    OpenPage(Served("/a", "a"), Served("/b", "b"));
+    Run([&gate](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        robot.Press("Download Now");
+        robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the run to be held up");
+        robot.CloseWindow(kDownloading);
+        robot.Answer("No");
+        robot.Key("Esc");
+        robot.Answer("No");
+        gate.Open();
+        FinishRun(robot);
+    });
+    EXPECT_EQ(Saved(), (Names{"a", "b"}));
+}
+
+TEST_F(MainRun, ASecondStartWaitsUntilTheOldWorkerHasLeft)
+{
+    Gate gate;
+    m_browser.SetHook([&gate](const std::string& call) {
+        if (call == "IHTMLDocument2::get_images")
+            gate.Pass();
+    });
+    OpenPage(Served("/a", "a"), Served("/b", "b"));
+    Run([&gate](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        robot.Press("Download Now");
+        robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the walk to be held up");
+        EXPECT_FALSE(robot.IsEnabled("Download Now"));
+        EXPECT_FALSE(robot.IsShown("Cancel All")) << "the progress window waits for the end of the walk";
+        robot.Tick(0);
+        robot.Tick(0);
+        robot.Press("Download Now");
+        EXPECT_EQ(robot.MessageBoxText(), "Terminating download thread now, please try again.");
+        robot.Answer("OK");
+        gate.Open();
+        FinishRun(robot);
+        robot.Press("Download Now");
+        FinishRun(robot);
+    });
+}
+
+TEST_F(MainRun, LeavesInTheMiddleOfARun)
+{
+    m_server.Serve("/stalls", HttpAnswer{.body = std::string(100000, 's'), .stallAfter = 50000});
+    OpenPage(m_server.Url("/stalls"), Served("/b", "b"));
+    Run([](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        robot.Press("Download Now");
+        robot.WaitForWindow(kDownloading);
+        robot.WaitUntil([&robot] { return robot.ProgressPercent(kDownloading) >= 40; }, "the stall");
+        robot.CloseWindow(kMainWindow);
+        robot.WaitForNoWindow(kMainWindow);
+    });
+    EXPECT_TRUE(Saved().empty());
+}
+
+// Leaves at every moment of a run; what counts is that each dialog ends, and that the sanitizers stay quiet.
+TEST_F(MainRun, StartsAndLeavesManyTimes)
+{
+    OpenPage(Served("/a", std::string(20000, 'a')), Served("/b", "b"));
+    for (int round = 0; round < 200; ++round)
+    {
+        m_whenShowing = nullptr;
+        std::atomic<int> calls = 0;
+        std::atomic<HWND> window{HWND{}};
+        const auto leaveAt = [&calls, &window, round] {
+            if (++calls == round % 40 + 1)
+                PostMessageA(window.load(), WM_CLOSE, 0, 0);
+        };
+        m_browser.SetHook([&](const std::string&) { leaveAt(); });
+        m_whenShowing = leaveAt;
+        Run([&](Robot& robot) {
+            robot.WaitForWindow(kMainWindow);
+            window = AfxGetMainWnd()->GetSafeHwnd();
+            calls = 0;
+            PostMessageA(window.load(), WM_COMMAND, 1002, 0);
+            robot.WaitUntil([&robot, &window] { return !IsWindow(window.load()) || robot.IsShown("OK", kComplete); },
+                            "the end of the dialog or of the run");
+        });
+    }
+}

@@ -1,0 +1,173 @@
+#include "AppTest.h"
+
+#include "resources/ResourceIds.h"
+
+#include "platform/com/Unknown.h"
+
+using Names = std::vector<std::string>;
+using Kind = MemoryWindow::Kind;
+
+class WindowList : public AppTest
+{
+};
+
+TEST_F(WindowList, ShowsEachPageWithTitleAddressAndTick)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One"),
+                          {Kind::Folder, L"file:///", L"Folder", {}, {}},
+                          {Kind::Sleeping, L"http://asleep/", L"Asleep", {}, {}},
+                          Page(L"http://two/", L""),
+                          {Kind::NoPage, L"", L"", {}, {}},
+                          {Kind::NotHtml, L"http://xml/", L"Xml", {}, {}},
+                          Page(L"about:blank", L"图片"),
+                          Page(L"http://one/", L"One")});
+    Run([](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        EXPECT_EQ(robot.Columns(), (Names{"Browser Window Title", "Current URL"}));
+        const Names expected = {"One|http://one/", "无标题|http://two/", "图片|about:blank", "One|http://one/"};
+        ASSERT_EQ(robot.RowCount(), 4);
+        for (int row = 0; row < 4; ++row)
+        {
+            EXPECT_EQ(robot.Cell(row, 0) + "|" + robot.Cell(row, 1), expected[row]);
+            EXPECT_TRUE(robot.IsTicked(row));
+        }
+        EXPECT_TRUE(robot.IsEnabled("Download Now"));
+        EXPECT_EQ(robot.LayoutFaults(), "");
+    });
+}
+
+TEST_F(WindowList, TheDownloadButtonFollowsTheTicks)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One"), Page(L"http://two/", L"Two")});
+    Run([](Robot& robot) {
+        const auto enabled = [&robot](bool on) {
+            robot.WaitUntil([&robot, on] { return robot.IsEnabled("Download Now") == on; }, "the button to follow");
+        };
+        robot.WaitForWindow(kMainWindow);
+        robot.Tick(0);
+        enabled(true);
+        robot.Tick(1);
+        enabled(false);
+        robot.Tick(1);
+        enabled(true);
+        robot.RightClickList(0);
+        EXPECT_EQ(robot.MenuEntries(), (Names{"Select All", "Reverse Select", "-", "Refresh Window List"}));
+        robot.ChooseMenu("Select All");
+        robot.WaitUntil([&robot] { return robot.IsTicked(0) && robot.IsTicked(1); }, "both ticks");
+        robot.RightClickList();
+        robot.ChooseMenu("Reverse Select");
+        enabled(false);
+        EXPECT_FALSE(robot.IsTicked(0) || robot.IsTicked(1));
+        robot.RightClickList();
+        robot.ChooseMenu("Refresh Window List");
+        enabled(true);
+        EXPECT_TRUE(robot.IsTicked(0) && robot.IsTicked(1));
+    });
+}
+
+TEST_F(WindowList, IsEmptyWithoutABrowserAndFilledByARefresh)
+{
+    Run([this](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        EXPECT_EQ(robot.RowCount(), 0);
+        EXPECT_FALSE(robot.IsEnabled("Download Now"));
+        robot.RightClickList();
+        EXPECT_FALSE(robot.IsMenuEntryEnabled("Select All"));
+        EXPECT_FALSE(robot.IsMenuEntryEnabled("Reverse Select"));
+        EXPECT_TRUE(robot.IsMenuEntryEnabled("Refresh Window List"));
+        robot.CloseMenu();
+        m_browser.SetWindows({Page(L"http://one/", L"One")});
+        EXPECT_TRUE(robot.StaysFalse([&robot] { return robot.RowCount() > 0; }, Robot::Milliseconds(100)));
+        robot.Key("Alt+R");
+        robot.WaitUntil([&robot] { return robot.RowCount() == 1; }, "the new page");
+        EXPECT_TRUE(robot.IsEnabled("Download Now"));
+    });
+}
+
+TEST_F(WindowList, KeepsWhatItReadBeforeTheBrowserFailed)
+{
+    m_browser.SetWindows(
+        {Page(L"http://one/", L"One"), Page(L"http://two/", L"Two"), Page(L"http://three/", L"Three")});
+    Run([this](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        m_browser.Fail("IShellWindows::Item", RPC_E_DISCONNECTED, 2);
+        robot.Press("Refresh List");
+        robot.WaitUntil([&robot] { return robot.RowCount() == 1; }, "the one row");
+        EXPECT_TRUE(robot.IsEnabled("Download Now"));
+        m_browser.Fail("IShellWindows::get_Count", E_FAIL);
+        robot.Press("Refresh List");
+        robot.WaitUntil([&robot] { return robot.RowCount() == 0; }, "the empty list");
+        m_browser.Fail("IHTMLDocument2::get_title", E_FAIL, 1);
+        robot.Press("Refresh List");
+        robot.WaitUntil([&robot] { return robot.RowCount() == 3; }, "all rows");
+        EXPECT_EQ(robot.Cell(0, 0), "无标题");
+        EXPECT_EQ(robot.Cell(1, 0), "Two");
+    });
+}
+
+TEST_F(WindowList, StaysWithoutColumnsWhenTheStartFails)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One")});
+    const auto nothingWorks = [](Robot& robot, const std::string& message) {
+        EXPECT_EQ(robot.MessageBoxText(), message);
+        robot.Answer("OK");
+        robot.WaitForWindow(kMainWindow);
+        robot.WaitUntil([&robot] { return robot.FocusName() != "OK"; }, "the box to go");
+        EXPECT_TRUE(robot.Columns().empty());
+        robot.Press("Refresh List");
+        robot.Press("Download Now");
+        EXPECT_TRUE(robot.StaysFalse([&robot] { return robot.RowCount() > 0 || robot.Windows().size() > 1; },
+                                     Robot::Milliseconds(100)));
+    };
+    for (const char* call : {"CoCreateInstance", "OleRun", "QueryInterface IShellWindows"})
+    {
+        m_browser.Fail(call, E_FAIL);
+        Run([&](Robot& robot) { nothingWorks(robot, "Error creating ie doc window!"); });
+    }
+    m_browser.ClearFailure();
+    ResourceTable withoutProgress = VantroyResources();
+    withoutProgress.dialogs = withoutProgress.dialogs.first(1);
+    AfxSetResources(withoutProgress);
+    Run([&](Robot& robot) { nothingWorks(robot, "Error creating progress window!"); });
+    AfxSetResources(VantroyResources());
+}
+
+TEST_F(WindowList, EverythingIsWithinReachOfTheKeyboard)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One")});
+    Run([](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        Names walk = {robot.FocusName()};
+        for (int i = 0; i < 8; ++i)
+        {
+            robot.Key("Tab");
+            walk.push_back(robot.FocusName());
+        }
+        EXPECT_EQ(walk, (Names{"Current Browser Windows List:", "Refresh List", "Download Now", "Open Folder",
+                               "View History", "Setup...", "Help", "Exit", "Current Browser Windows List:"}));
+        EXPECT_FALSE(robot.IsShown("Album..."));
+        EXPECT_FALSE(robot.IsShown("Advanced..."));
+        robot.Key("Alt+H");
+        EXPECT_EQ(robot.MenuEntries(), (Names{"User Manual", "-", "Check for New Version...", "-",
+                                              "Visit Vantroy Home Page", "E-Mail Support", "-", "About"}));
+        robot.CloseMenu();
+        robot.RightClickWindow();
+        EXPECT_EQ(robot.MenuEntries().back(), "About Vantroy(A)...");
+        robot.CloseMenu();
+        robot.Key("Alt+E");
+        robot.WaitForNoWindow(kMainWindow);
+    });
+    Run([](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        robot.Key("Esc");
+        robot.WaitForNoWindow(kMainWindow);
+    });
+}
+
+TEST_F(WindowList, AnswersWithItsIcon)
+{
+    LRESULT icon = 0;
+    m_prepare = [&icon](CMainDlg& dialog) { icon = dialog.WindowProc(WM_QUERYDRAGICON, 0, 0); };
+    Run([](Robot& robot) { robot.WaitForWindow(kMainWindow); });
+    EXPECT_EQ(icon, IDI_APPLICATION_ICON);
+}

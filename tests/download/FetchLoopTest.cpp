@@ -1,0 +1,365 @@
+#include "TestRun.h"
+
+#include "download/ProgressDlg.h"
+#include "resources/Resources.h"
+
+#include "platform/system/Heap.h"
+#include "platform/system/Thread.h"
+#include "platform/testing/Robot.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using Names = std::vector<std::string>;
+
+namespace
+{
+
+// Writes beyond the limit fail, as on a full disk, for as long as the object lives.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+    }
+
+private:
+    rlimit m_before{};
+};
+
+class HeapLimit
+{
+public:
+    explicit HeapLimit(std::size_t limit)
+    {
+        SetHeapLimit(limit);
+    }
+    ~HeapLimit()
+    {
+        SetHeapLimit(SIZE_MAX);
+    }
+};
+
+} // namespace
+
+TEST(FetchLoop, TakesTheCopyWhereThereIsOneAndAsksTheServerForTheRest)
+{
+    TestRun run;
+    const std::string cached = run.Cached("http://pictures/a.jpg", "from the cache");
+    const std::string served = run.Served("/x/b.jpg", "from the server");
+    run.Download({cached, served});
+    EXPECT_EQ(run.Saved(), (Names{"a.jpg", "b.jpg"}));
+    EXPECT_EQ(run.Content("a.jpg"), "from the cache");
+    EXPECT_EQ(run.Content("b.jpg"), "from the server");
+    EXPECT_EQ(run.m_stored, (Names{cached + " -> a.jpg", served + " -> b.jpg"}));
+    EXPECT_EQ(run.m_server.Requests(), (Names{"GET /x/b.jpg HTTP/1.0"}));
+    EXPECT_EQ(run.m_ends, 1);
+}
+
+TEST(FetchLoop, OverwritesNothingAndStoresNothingTwice)
+{
+    TestRun run;
+    run.m_home.Write("Download/old.jpg", "an old file");
+    const Names urls = {run.Cached("http://one/a.jpg", "1"),   run.Cached("http://two/a.jpg", "22"),
+                        run.Served("/three/a.jpg", "333"),     run.Served("/four/a.jpg", "4"),
+                        run.Cached("http://one/old.jpg", "x"), run.Served("/old.jpg", "AN OLD FILE")};
+    run.Download(urls);
+    EXPECT_EQ(run.Saved(), (Names{"a.jpg", "a1.jpg", "a2.jpg", "old.jpg", "old1.jpg"}));
+    EXPECT_EQ(run.Content("a.jpg") + run.Content("a1.jpg") + run.Content("a2.jpg"), "122333");
+    EXPECT_EQ(run.Content("old.jpg"), "an old file");
+    EXPECT_EQ(run.m_stored,
+              (Names{urls[0] + " -> a.jpg", urls[1] + " -> a1.jpg", urls[2] + " -> a2.jpg", urls[4] + " -> old1.jpg"}));
+    const Names before = run.Saved();
+    run.m_stored.clear();
+    run.m_bRunning = 1;
+    run.Download(urls);
+    EXPECT_EQ(run.Saved(), before);
+    EXPECT_TRUE(run.m_stored.empty());
+}
+
+TEST(FetchLoop, NoNameLeadsOutOfTheSaveFolder)
+{
+    TestRun run;
+    Names urls;
+    for (const char* path : {"/..", "/.", "/", "/%2e%2e%2fx", "/..%5cy", "/a\\..\\b", "/~root", "/-rf"})
+        urls.push_back(run.Cached("http://evil" + std::string(path), "e" + std::to_string(urls.size())));
+    urls.push_back(run.Cached("http://evil/" + std::string(300, 'n'), "long"));
+    urls.push_back(run.Cached("http://evil/gone.jpg", "gone"));
+    run.m_home.Write("Download/taken.jpg/inside", "a folder of that name");
+    urls.push_back(run.Cached("http://evil/taken.jpg", "now free"));
+    ASSERT_EQ(std::remove(run.m_home.Path("cache/9").c_str()), 0);
+    run.Download(urls);
+    EXPECT_EQ(run.Saved(),
+              (Names{"%2e%2e%2fx", "-rf", "..%5cy", ".1", "1", "a\\..\\b", "taken.jpg", "taken1.jpg", "~root"}));
+    EXPECT_EQ(run.m_home.Files(""), (Names{"Download", "cache"}));
+    EXPECT_EQ(run.m_ends, 1);
+}
+
+TEST(FetchLoop, StoresWhatALyingServerPromised)
+{
+    using std::string;
+    struct Case
+    {
+        const char* name;
+        HttpAnswer answer;
+        const char* stored; // null: nothing
+    };
+    const string half = string("half") + string(4, '\0');
+    const Case cases[] = {
+        {"no length", {.body = "body", .contentLength = "none"}, nullptr},
+        {"length 0", {.body = "", .contentLength = "0"}, nullptr},
+        {"length 0 and a body", {.body = "body", .contentLength = "0"}, nullptr},
+        {"no digits", {.body = "body", .contentLength = "four"}, nullptr},
+        {"negative", {.body = "body", .contentLength = "-4"}, nullptr},
+        {"more than 32 bits", {.body = "body", .contentLength = "4294967296"}, nullptr},
+        {"far more", {.body = "body", .contentLength = "99999999999999999999999"}, nullptr},
+        {"a longer body", {.body = "body and more", .contentLength = "4"}, "body"},
+        {"an error page", {.status = 404, .body = "not here"}, "not here"},
+        {"garbage", {.raw = "\x01\x02 no http at all\r\n\r\n"}, nullptr},
+        {"empty answer", {.raw = "\r\n"}, nullptr},
+    };
+    for (const Case& c : cases)
+    {
+        TestRun run;
+        run.m_server.Serve("/item", c.answer);
+        run.Download({run.m_server.Url("/item"), run.Served("/next", "next")});
+        EXPECT_EQ(run.Saved(), c.stored ? (Names{"item", "next"}) : Names{"next"}) << c.name;
+        if (c.stored)
+        {
+            EXPECT_EQ(run.Content("item"), c.stored) << c.name;
+        }
+    }
+    TestRun run;
+    run.m_server.Serve("/item", HttpAnswer{.body = "half", .contentLength = "8", .stallAfter = 4, .closeEarly = true});
+    run.m_server.Serve("/moved", HttpAnswer{.status = 302, .location = "/x/place"});
+    run.Served("/x/place", "moved body");
+    run.Download({run.m_server.Url("/item"), run.m_server.Url("/moved")});
+    EXPECT_EQ(run.Content("item"), half);
+    EXPECT_EQ(run.Content("moved"), "moved body");
+}
+
+TEST(FetchLoop, RefusesShortAddressesAndIgnoresPortAndScheme)
+{
+    TestRun run;
+    HINTERNET internet = InternetOpenA("Vantroy", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
+    EXPECT_FALSE(run.FetchByHttp("http://", internet)); // 7 characters
+    EXPECT_FALSE(run.FetchByHttp("data:image/png;base64,AAAA/BBB.mp3", internet));
+    EXPECT_FALSE(run.FetchByHttp(run.Served("/a", "a"), nullptr));
+    EXPECT_TRUE(run.FetchByHttp(run.Served("/q?from=/x/y.jpg", "query"), internet));
+    run.Served("/p", "port");
+    EXPECT_TRUE(run.FetchByHttp("https://127.0.0.1:9/p", internet));
+    InternetCloseHandle(internet);
+    EXPECT_EQ(run.Saved(), (Names{"p", "y.jpg"}));
+    EXPECT_EQ(run.m_server.Requests(), (Names{"GET /q?from=/x/y.jpg HTTP/1.0", "GET /p HTTP/1.0"}));
+}
+
+TEST(FetchLoop, CarriesALongAddressWhole)
+{
+    TestRun run;
+    const std::string query = "/pic?" + std::string(3000, 'q') + "/name.jpg";
+    run.Download({run.Served(query, "whole")});
+    EXPECT_EQ(run.Content("name.jpg"), "whole");
+}
+
+TEST(FetchLoop, AStalledItemEndsWhenItIsCancelledAndTheRunGoesOn)
+{
+    for (const bool cancelAll : {false, true})
+    {
+        TestRun run;
+        run.m_server.Serve("/stalls", HttpAnswer{.body = std::string(100000, 's'), .stallAfter = 50000});
+        const std::string next = run.Served("/next", "next");
+        std::thread user([&run, cancelAll] {
+            while (run.m_server.Requests().empty())
+                std::this_thread::yield();
+            (cancelAll ? run.m_bRunning : run.m_bFetchCurrent) = 0;
+            run.m_server.Release();
+        });
+        run.Download({run.m_server.Url("/stalls"), next});
+        user.join();
+        EXPECT_EQ(run.Saved(), cancelAll ? Names{} : Names{"next"});
+        EXPECT_EQ(run.m_stored.size(), cancelAll ? 0u : 1u);
+        EXPECT_EQ(run.m_ends, 1);
+    }
+}
+
+TEST(FetchLoop, ACopyStopsWhenItIsCancelledAndLeavesNothing)
+{
+    TestRun run;
+    const std::string big = run.Cached("http://h/big.jpg", std::string(8 << 20, 'b'));
+    LARGE_INTEGER none{};
+    EXPECT_EQ(CDownloadRun::CopyProgressProc(none, none, none, none, 0, 0, nullptr, nullptr, nullptr),
+              PROGRESS_CONTINUE);
+    EXPECT_EQ(CDownloadRun::CopyProgressProc(none, none, none, none, 0, 0, nullptr, nullptr, &run), PROGRESS_CONTINUE);
+    run.m_bFetchCurrent = 0;
+    EXPECT_EQ(CDownloadRun::CopyProgressProc(none, none, none, none, 0, 0, nullptr, nullptr, &run), PROGRESS_CANCEL);
+    // Cancel All while the copy runs: as soon as its file is there.
+    std::thread user([&run] {
+        while (run.Saved().empty() && run.m_ends == 0)
+            std::this_thread::yield();
+        run.m_bRunning = 0;
+    });
+    run.Download({big});
+    user.join();
+    EXPECT_EQ(run.Saved().size(), run.m_stored.size());
+}
+
+TEST(FetchLoop, StopsBeforeTheNextItem)
+{
+    TestRun run;
+    const std::string first = run.Cached("http://h/1", "1");
+    const std::string second = run.Cached("http://h/2", "2");
+    run.m_cache.SetHook([&run, second](const std::string& url) {
+        if (url == second)
+            run.m_bRunning = 0;
+    });
+    run.Download({first, second, run.Cached("http://h/3", "3")});
+    EXPECT_EQ(run.m_cache.Lookups(), (Names{first, second}));
+    EXPECT_EQ(run.m_ends, 1);
+}
+
+TEST(FetchLoop, AsksAgainWithTheRoomThatTheCacheNeedsAndKeepsIt)
+{
+    TestRun run;
+    const std::string base = "http://h/" + std::string(6000, 'd');
+    const std::string big = run.Cached(base + "/big", "big");
+    const std::string small = run.Cached("http://h/small", "small");
+    const std::string again = run.Cached(base + "/again", "again");
+    run.Download({small, big, again});
+    EXPECT_EQ(run.m_cache.Lookups(), (Names{small, big, big, again, again}));
+    EXPECT_EQ(run.Saved(), (Names{"again", "big", "small"}));
+}
+
+TEST(FetchLoop, ALookupWithoutMemoryEndsTheRunInGoodOrder)
+{
+    TestRun run;
+    const HeapLimit limit(4095);
+    run.Download({run.Cached("http://h/a", "a"), run.Served("/b", "b")});
+    EXPECT_TRUE(run.Saved().empty());
+    EXPECT_TRUE(run.m_server.Requests().empty());
+    EXPECT_EQ(run.m_ends, 1);
+}
+
+TEST(FetchLoop, ABodyWithoutMemoryOrDiskIsLeftOutAlone)
+{
+    TestRun run;
+    const std::string big = run.Served("/big", std::string(200000, 'b'));
+    const std::string copy = run.Cached("http://h/copy", std::string(200000, 'c'));
+    const std::string small = run.Served("/small", "small");
+    {
+        const HeapLimit limit(100000);
+        run.Download({big, small});
+        EXPECT_EQ(run.Saved(), (Names{"small"}));
+    }
+    {
+        const FullDisk disk(100000);
+        run.m_bRunning = 1;
+        run.Download({big, copy, run.Served("/after", "after")});
+        EXPECT_EQ(run.Saved(), (Names{"after", "small"}));
+    }
+    EXPECT_EQ(run.m_stored.size(), 2u);
+}
+
+TEST(FetchLoop, LeavesFilteredItemsOutAndReadsNoBodyOfThem)
+{
+    TestRun run;
+    run.m_setting.m_bLimitFileSize = 1;
+    run.m_setting.m_nBigThanKb = 1;
+    run.m_server.Serve("/small", HttpAnswer{.body = "small", .stallAfter = 0});
+    run.Download(
+        {run.m_server.Url("/small"), run.Cached("http://h/tiny", "tiny"), run.Served("/big", std::string(1025, 'b'))});
+    EXPECT_EQ(run.Saved(), (Names{"big"}));
+}
+
+TEST(FetchLoop, ShowsEachItemInTheProgressWindow)
+{
+    AfxSetResources(VantroyResources());
+    TestRun run;
+    run.m_setting.m_bLimitFileSize = 1;
+    run.m_setting.m_nBigThanKb = 1;
+    const std::string cached = run.Cached("http://h/copy.jpg", "too small");
+    run.Served("/x/big.jpg?size=2", std::string(4000000, 'b'));
+    run.m_server.Serve("/x/big.jpg?size=2", HttpAnswer{.body = std::string(4000000, 'b'), .stallAfter = 1000000});
+    auto* window = new CProgressDlg(nullptr);
+    ASSERT_TRUE(window->Create(103));
+    window->ShowWindow(SW_SHOW);
+    run.m_fields = &window->m_fields;
+    std::atomic<bool> done = false;
+    const auto worker = [&] { run.Download({cached, run.m_server.Url("/x/big.jpg?size=2")}); };
+    RunScript(
+        [&] {
+            std::thread thread(worker);
+            ServeMessagesUntil([&done] { return done.load(); }, std::chrono::seconds(30));
+            thread.join();
+        },
+        [&](Robot& robot) {
+            const auto shows = [&robot](const char* name, const char* text) {
+                robot.WaitUntil([&robot, name, text] { return robot.Text(name) == text; }, text);
+            };
+            robot.WaitForWindow("Download files now...");
+            shows("Download From:", "127.0.0.1");
+            shows("Download File:", "/x/big.jpg?size=2");
+            robot.WaitUntil([&robot] { return robot.ProgressPercent() == 25; }, "a quarter");
+            EXPECT_TRUE(robot.IsShown("4000000 Bytes"));
+            EXPECT_TRUE(robot.IsShown("25% Complete"));
+            run.m_server.Release();
+            robot.WaitForWindow("Download complete!");
+            EXPECT_TRUE(robot.IsShown("100% Complete"));
+            EXPECT_TRUE(robot.IsShown("OK"));
+            EXPECT_FALSE(robot.IsShown("Cancel Current"));
+            done = true;
+        });
+    // A filtered item: where its copy lies, its name with the word joined to it, no size, all done.
+    run.m_bRunning = 1;
+    done = false;
+    RunScript(
+        [&] {
+            std::thread thread([&] {
+                run.Download({cached});
+                done = true;
+            });
+            ServeMessagesUntil([&done] { return done.load(); });
+            thread.join();
+        },
+        [&](Robot& robot) {
+            robot.WaitUntil([&done] { return done.load(); }, "the end of the run");
+            EXPECT_EQ(robot.Text("Download From:"), run.m_home.Path("cache/0"));
+            EXPECT_EQ(robot.Text("Download File:"), "copy.jpgFiltered.");
+            EXPECT_TRUE(robot.IsShown("0 Bytes"));
+            EXPECT_TRUE(robot.IsShown("100% Complete"));
+        });
+    window->DestroyWindow();
+}
+
+TEST(FetchLoop, AsksForAFolderThatIsNotThereAndGoesOnInTheNewOne)
+{
+    AfxSetResources(VantroyResources());
+    TestRun run;
+    run.m_home.Write("New/.keep", "");
+    const std::string missing = run.m_home.Path("Missing");
+    run.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(missing));
+    run.m_whenSetup = [&run] {
+        run.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(run.m_home.Path("New/")));
+    };
+    const Names urls = {run.Cached("http://h/a", "a"), run.Served("/b", "b")};
+    RunScript([&] { run.Download(urls); },
+              [&](Robot& robot) {
+                  EXPECT_EQ(robot.MessageBoxText(), "Folder " + missing +
+                                                        " does not exist.\nPlease specify a valid folder and try "
+                                                        "again.");
+                  robot.Answer("OK");
+              });
+    EXPECT_EQ(run.m_home.Files("New"), (Names{".keep", "a", "b"}));
+    EXPECT_FALSE(run.m_home.Exists("Missing"));
+}
