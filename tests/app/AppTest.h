@@ -14,16 +14,23 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 
 // A dialog whose run can be held up: the hook is called on the worker wherever the run shows something.
 class TestMainDlg : public CMainDlg
 {
 public:
-    explicit TestMainDlg(std::function<void()> whenShowing) : m_whenShowing(std::move(whenShowing))
+    TestMainDlg(std::function<void()> whenShowing, std::atomic<HWND>& window)
+        : m_whenShowing(std::move(whenShowing)), m_window(window)
     {}
 
 private:
+    BOOL OnInitDialog() override
+    {
+        m_window = GetSafeHwnd();
+        return CMainDlg::OnInitDialog();
+    }
     CProgressFields& ProgressFields() override
     {
         if (m_whenShowing)
@@ -32,6 +39,7 @@ private:
     }
 
     std::function<void()> m_whenShowing;
+    std::atomic<HWND>& m_window;
 };
 
 class AppTest : public testing::Test
@@ -51,7 +59,7 @@ protected:
             [this] {
                 CoInitialize(nullptr);
                 {
-                    TestMainDlg dialog(m_whenShowing);
+                    TestMainDlg dialog(m_whenShowing, m_window);
                     dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
                     m_prepare(dialog);
                     AfxGetApp()->m_pMainWnd = &dialog;
@@ -60,10 +68,9 @@ protected:
                 }
                 CoUninitialize();
             },
-            [&script](Robot& robot) {
+            [&script, this](Robot& robot) {
                 script(robot);
-                if (CWnd* const window = AfxGetMainWnd())
-                    window->PostMessage(WM_CLOSE);
+                PostMessageA(m_window, WM_CLOSE, 0, 0);
             });
         EXPECT_EQ(m_browser.LiveObjects(), 0);
     }
@@ -94,6 +101,7 @@ protected:
     MemoryBrowser m_browser;
     MemoryUrlCache m_cache;
     std::function<void()> m_whenShowing;
+    std::atomic<HWND> m_window{HWND{}}; // of the dialog, from its start on
     std::function<void(CMainDlg&)> m_prepare = [](CMainDlg&) {};
 };
 

@@ -1,6 +1,7 @@
 #include "AppTest.h"
 
 #include "app/RunMode.h"
+#include "resources/ResourceIds.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -285,19 +286,17 @@ TEST_F(MainRun, StartsAndLeavesManyTimes)
     {
         m_whenShowing = nullptr;
         std::atomic<int> calls = 0;
-        std::atomic<HWND> window{HWND{}};
-        const auto leaveAt = [&calls, &window, round] {
+        const auto leaveAt = [&calls, round, this] {
             if (++calls == round % 40 + 1)
-                PostMessageA(window.load(), WM_CLOSE, 0, 0);
+                PostMessageA(m_window, WM_CLOSE, 0, 0);
         };
         m_browser.SetHook([&](const std::string&) { leaveAt(); });
         m_whenShowing = leaveAt;
         Run([&](Robot& robot) {
             robot.WaitForWindow(kMainWindow);
-            window = AfxGetMainWnd()->GetSafeHwnd();
             calls = 0;
-            PostMessageA(window.load(), WM_COMMAND, 1002, 0);
-            robot.WaitUntil([&robot, &window] { return !IsWindow(window.load()) || robot.IsShown("OK", kComplete); },
+            PostMessageA(m_window, WM_COMMAND, IDC_DOWNLOAD, 0);
+            robot.WaitUntil([&robot, this] { return !IsWindow(m_window) || robot.IsShown("OK", kComplete); },
                             "the end of the dialog or of the run");
         });
     }
