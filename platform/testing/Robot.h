@@ -26,8 +26,7 @@ public:
     using Milliseconds = std::chrono::milliseconds;
 
     explicit Robot(Milliseconds deadline = Milliseconds(10000)) : m_deadline(deadline)
-    {
-    }
+    {}
 
     // Windows on show, by title (message boxes too); waiting for one to come or to go.
     std::vector<std::string> Windows() const;
