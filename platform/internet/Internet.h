@@ -9,6 +9,8 @@
 
 #include "platform/Types.h"
 
+// A number, never an address: a handle that was closed stays unknown. Every operation checks that its handle is open
+// and of the right kind (ERROR_INTERNET_INCORRECT_HANDLE_TYPE).
 class InternetHandle;
 using HINTERNET = InternetHandle*;
 using INTERNET_PORT = WORD;
@@ -20,13 +22,19 @@ inline constexpr DWORD INTERNET_FLAG_NO_CACHE_WRITE = 0x04000000;
 inline constexpr DWORD HTTP_QUERY_CONTENT_LENGTH = 5;
 
 inline constexpr DWORD ERROR_INTERNET_TIMEOUT = 12002;
+inline constexpr DWORD ERROR_INTERNET_INTERNAL_ERROR = 12004; // every failure without a code of its own here
 inline constexpr DWORD ERROR_INTERNET_INVALID_URL = 12005;
 inline constexpr DWORD ERROR_INTERNET_NAME_NOT_RESOLVED = 12007;
 inline constexpr DWORD ERROR_INTERNET_OPERATION_CANCELLED = 12017;
 inline constexpr DWORD ERROR_INTERNET_INCORRECT_HANDLE_TYPE = 12018;
+inline constexpr DWORD ERROR_INTERNET_INCORRECT_HANDLE_STATE = 12019; // not sent yet
 inline constexpr DWORD ERROR_INTERNET_CANNOT_CONNECT = 12029;
 inline constexpr DWORD ERROR_INTERNET_CONNECTION_ABORTED = 12030;
+inline constexpr DWORD ERROR_INTERNET_INVALID_CA = 12045; // the server's certificate is not to be trusted
 inline constexpr DWORD ERROR_HTTP_HEADER_NOT_FOUND = 12150;
+inline constexpr DWORD ERROR_HTTP_INVALID_SERVER_RESPONSE = 12152;
+inline constexpr DWORD ERROR_HTTP_REDIRECT_FAILED = 12156; // more than 10, or to another scheme
+inline constexpr DWORD ERROR_INTERNET_SECURITY_CHANNEL_ERROR = 12157;
 
 // The parts of a URL: pointers into the text that was cracked. Only scheme, host and path are answered, each when its
 // length was not 0 on the way in; a part that the URL lacks is null with length 0.
