@@ -7,5 +7,5 @@
 namespace pictures
 {
 extern const std::string_view kIcon;   // 64 x 64, on a grid of 4 so that it stays crisp at 16
-extern const std::string_view kBanner; // 800 x 64, with a ground of its own
+extern const std::string_view kBanner; // 640 x 64; a dialog may cut 30 from its sides, or 6 from above and below
 } // namespace pictures
