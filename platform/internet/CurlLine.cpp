@@ -100,7 +100,7 @@ struct CurlLine::Handles
 {
     MultiHandle multi{curl_multi_init()};
     EasyHandle easy{curl_easy_init()};
-    TextList headers{curl_slist_append(nullptr, "Accept:")};
+    TextList headers{curl_slist_append(curl_slist_append(nullptr, "Accept:"), "Proxy-Connection:")}; // left out
     TextList connectTo;
     bool running = false;
     bool over = false;

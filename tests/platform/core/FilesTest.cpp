@@ -1,0 +1,246 @@
+#include "platform/files/File.h"
+#include "platform/files/FileCalls.h"
+#include "platform/files/InstallHome.h"
+#include "platform/files/Path.h"
+#include "platform/system/LastError.h"
+#include "platform/system/Registry.h"
+#include "platform/testing/TempHome.h"
+
+#include <climits>
+#include <csignal>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+TEST(File, OpensByItsFlags)
+{
+    const TempHome home;
+    home.Write("old", "12345");
+    CFile file;
+    EXPECT_FALSE(file.Open(home.Path("none"), CFile::modeRead));
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    EXPECT_FALSE(file.Open(home.Path("no/folder"), CFile::modeCreate | CFile::modeWrite));
+
+    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeCreate | CFile::modeNoTruncate | CFile::modeReadWrite));
+    EXPECT_EQ(file.GetLength(), 5u);
+    EXPECT_EQ(file.SeekToEnd(), 5u);
+    EXPECT_TRUE(file.Write("67", 2));
+    EXPECT_TRUE(file.SetLength(6));
+    EXPECT_TRUE(file.Close());
+    EXPECT_TRUE(file.Close());
+    EXPECT_EQ(home.Read("old"), "123456");
+
+    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeRead));
+    char block[10] = {};
+    std::size_t got = 0;
+    EXPECT_TRUE(file.Read(block, sizeof block, got));
+    EXPECT_EQ(std::string(block, got), "123456");
+    EXPECT_TRUE(file.Read(block, sizeof block, got));
+    EXPECT_EQ(got, 0u);
+    EXPECT_FALSE(file.Write("x", 1));
+
+    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeCreate | CFile::modeWrite));
+    EXPECT_EQ(file.GetLength(), 0u);
+}
+
+TEST(File, RefusesWhatIsNoFile)
+{
+    const TempHome home;
+    ASSERT_EQ(mkfifo(home.Path("pipe").c_str(), 0600), 0);
+    for (const UINT flags : {CFile::modeRead, CFile::modeWrite, CFile::modeCreate | CFile::modeWrite})
+    {
+        CFile file;
+        EXPECT_FALSE(file.Open(home.Folder(), flags));
+        EXPECT_FALSE(file.Open(home.Path("pipe"), flags));
+        EXPECT_FALSE(file.Open("/dev/full", flags));
+        EXPECT_FALSE(file.Open("", flags));
+    }
+}
+
+TEST(File, StatusOfAPath)
+{
+    const TempHome home;
+    home.Write("folder/file", "123");
+    std::filesystem::create_symlink(home.Path("nowhere"), home.Path("link"));
+    CFileStatus status;
+    EXPECT_TRUE(CFile::GetStatus(home.Path("folder/file"), status));
+    EXPECT_EQ(status.m_size, 3);
+    EXPECT_FALSE(status.m_bFolder);
+    EXPECT_EQ(status.m_szFullName, std::filesystem::canonical(home.Path("folder/file")).string());
+    EXPECT_TRUE(CFile::GetStatus(home.Path("folder"), status));
+    EXPECT_TRUE(status.m_bFolder);
+    EXPECT_EQ(status.m_size, 0);
+    EXPECT_TRUE(CFile::GetStatus(home.Path("link"), status));
+    EXPECT_FALSE(CFile::GetStatus(home.Path("folder/"), status));
+    EXPECT_FALSE(CFile::GetStatus(home.Path("nowhere"), status));
+    EXPECT_FALSE(CFile::GetStatus(home.Path("folder/file/below"), status));
+    EXPECT_FALSE(CFile::GetStatus(home.Path(std::string(300, 'n')), status));
+    EXPECT_FALSE(CFile::GetStatus("", status));
+}
+
+TEST(FileCalls, FoldersAndDeleting)
+{
+    const TempHome home;
+    EXPECT_TRUE(CreateDirectoryA(home.Path("a").c_str(), nullptr));
+    EXPECT_FALSE(CreateDirectoryA(home.Path("a").c_str(), nullptr));
+    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+    EXPECT_FALSE(CreateDirectoryA(home.Path("b/c").c_str(), nullptr));
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+    EXPECT_FALSE(CreateDirectoryA(home.Path(std::string(300, 'n')).c_str(), nullptr));
+    EXPECT_EQ(GetLastError(), ERROR_FILENAME_EXCED_RANGE);
+    home.Write("a/file", "x");
+    EXPECT_FALSE(DeleteFileA(home.Path("a").c_str()));
+    EXPECT_TRUE(DeleteFileA(home.Path("a/file").c_str()));
+    EXPECT_FALSE(DeleteFileA(home.Path("a/file").c_str()));
+    EXPECT_EQ(_chdir(home.Path("none").c_str()), -1);
+    EXPECT_EQ(_chdir(""), -1);
+    const auto before = std::filesystem::current_path();
+    EXPECT_EQ(_chdir(home.Path("a").c_str()), 0);
+    EXPECT_TRUE(std::filesystem::equivalent(".", home.Path("a")));
+    std::filesystem::current_path(before);
+}
+
+// What a progress routine was told, and where it says stop.
+struct Watcher
+{
+    std::vector<std::int64_t> done;
+    std::size_t cancelAt = SIZE_MAX;
+
+    static DWORD Note(LARGE_INTEGER total, LARGE_INTEGER done, LARGE_INTEGER, LARGE_INTEGER, DWORD, DWORD reason, void*,
+                      void*, void* data)
+    {
+        auto* self = static_cast<Watcher*>(data);
+        EXPECT_EQ(total.QuadPart, 3 * 65536 + 1);
+        EXPECT_EQ(reason, self->done.empty() ? CALLBACK_STREAM_SWITCH : CALLBACK_CHUNK_FINISHED);
+        self->done.push_back(done.QuadPart);
+        return self->done.size() == self->cancelAt ? PROGRESS_CANCEL : PROGRESS_CONTINUE;
+    }
+};
+
+class CopyFileTest : public testing::Test
+{
+protected:
+    CopyFileTest()
+    {
+        for (int i = 0; i < 3 * 65536 + 1; ++i)
+            m_content += static_cast<char>(i * 7 + i / 256);
+        m_home.Write("from", m_content);
+        m_home.Write("to/file", "old");
+    }
+
+    BOOL Copy(Watcher* watcher, const std::string& from = "from", const std::string& to = "to/file") const
+    {
+        return CopyFileExA(m_home.Path(from).c_str(), m_home.Path(to).c_str(), watcher ? &Watcher::Note : nullptr,
+                           watcher, nullptr, 0);
+    }
+    void ExpectOldTargetOnly() const
+    {
+        EXPECT_EQ(m_home.Read("to/file"), "old");
+        EXPECT_EQ(m_home.Files("to"), std::vector<std::string>{"file"});
+    }
+
+    const TempHome m_home;
+    std::string m_content;
+};
+
+TEST_F(CopyFileTest, ReplacesTheTargetAndReportsEachBlock)
+{
+    Watcher watcher;
+    EXPECT_TRUE(Copy(&watcher));
+    EXPECT_EQ(m_home.Read("to/file"), m_content);
+    EXPECT_EQ(m_home.Files("to").size(), 1u);
+    EXPECT_EQ(watcher.done, (std::vector<std::int64_t>{0, 65536, 2 * 65536, 3 * 65536, 3 * 65536 + 1}));
+    EXPECT_TRUE(Copy(nullptr, "from", "to/new"));
+    EXPECT_EQ(m_home.Read("to/new"), m_content);
+    EXPECT_TRUE(Copy(nullptr, "from", "from"));
+    EXPECT_EQ(m_home.Read("from"), m_content);
+}
+
+TEST_F(CopyFileTest, CancelKeepsTheOldTarget)
+{
+    for (const std::size_t at : {1, 3, 5})
+    {
+        Watcher watcher{.done = {}, .cancelAt = at};
+        EXPECT_FALSE(Copy(&watcher));
+        EXPECT_EQ(GetLastError(), ERROR_REQUEST_ABORTED);
+        EXPECT_EQ(watcher.done.size(), at);
+        ExpectOldTargetOnly();
+    }
+}
+
+TEST_F(CopyFileTest, RefusesSourcesAndTargetsThatAreNoFiles)
+{
+    ASSERT_EQ(mkfifo(m_home.Path("pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(Copy(nullptr, "pipe"));
+    EXPECT_FALSE(Copy(nullptr, "to"));
+    EXPECT_FALSE(Copy(nullptr, "from", "to"));
+    EXPECT_FALSE(Copy(nullptr, "from", "to/"));
+    EXPECT_FALSE(Copy(nullptr, "from", "none/file"));
+    EXPECT_FALSE(Copy(nullptr, "none"));
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    ExpectOldTargetOnly();
+}
+
+TEST_F(CopyFileTest, FullDiskKeepsTheOldTarget)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit old = {};
+    getrlimit(RLIMIT_FSIZE, &old);
+    const rlimit small = {100'000, old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const BOOL copied = Copy(nullptr);
+    const DWORD error = GetLastError();
+    setrlimit(RLIMIT_FSIZE, &old);
+    EXPECT_FALSE(copied);
+    EXPECT_EQ(error, ERROR_DISK_FULL);
+    ExpectOldTargetOnly();
+}
+
+std::string InstallPath()
+{
+    HKEY key = HKEY::Null;
+    char text[PATH_MAX] = {};
+    DWORD size = sizeof text;
+    RegOpenKeyA(HKEY_CURRENT_USER, "software\\orlenta\\vantroy", &key);
+    RegQueryValueExA(key, "InstallPath", nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size);
+    RegCloseKey(key);
+    return text;
+}
+
+TEST(InstallHome, IsNamedOrTheProgramsOwn)
+{
+    unsetenv("VANTROY_HOME");
+    const std::string own = std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+    EXPECT_EQ(InstallHomeFolder(), own);
+    const TempHome home;
+    EXPECT_EQ(InstallHomeFolder(), home.Folder());
+    setenv("VANTROY_HOME", (home.Folder() + "//x/../").c_str(), 1);
+    EXPECT_EQ(InstallHomeFolder(), home.Folder());
+
+    char path[MAX_PATH] = {};
+    const std::string expected = home.Folder() + "/vantroy";
+    EXPECT_EQ(GetModuleFileNameA(nullptr, path, sizeof path), expected.size());
+    EXPECT_EQ(path, expected);
+    EXPECT_EQ(GetModuleFileNameA(nullptr, path, 5), 5u);
+    EXPECT_EQ(std::string(path), expected.substr(0, 4));
+}
+
+TEST(InstallHome, IsPreparedOnce)
+{
+    const TempHome home;
+    const std::string folder = home.Path("new/home");
+    setenv("VANTROY_HOME", folder.c_str(), 1);
+    PrepareInstallHome();
+    EXPECT_EQ(InstallPath(), folder);
+    EXPECT_TRUE(home.Exists("new/home/Download"));
+    home.Write("new/home/registry-user.ini", "[Software\\Orlenta\\Vantroy]\nInstallPath=/else\n");
+    PrepareInstallHome();
+    EXPECT_EQ(InstallPath(), "/else");
+}
+
+} // namespace

@@ -1,0 +1,182 @@
+#include "platform/system/CommandLine.h"
+#include "platform/system/LastError.h"
+#include "platform/system/TaskQueue_p.h"
+#include "platform/system/Thread.h"
+
+#include <QCoreApplication>
+
+#include <atomic>
+#include <cerrno>
+#include <functional>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace
+{
+
+TEST(LastError, HasATextForEachCode)
+{
+    for (const DWORD code :
+         {ERROR_SUCCESS, ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_ACCESS_DENIED, ERROR_NOT_ENOUGH_MEMORY,
+          ERROR_INVALID_PARAMETER, ERROR_DISK_FULL, ERROR_INSUFFICIENT_BUFFER, ERROR_ALREADY_EXISTS,
+          ERROR_FILENAME_EXCED_RANGE, ERROR_OPERATION_ABORTED, ERROR_REQUEST_ABORTED})
+    {
+        char* text = nullptr;
+        const DWORD length = FormatMessageA(0x1300, nullptr, code, 1024, &text, 0, nullptr);
+        ASSERT_TRUE(text) << code;
+        EXPECT_EQ(length, std::string(text).size());
+        LocalFree(text);
+    }
+    char* text = nullptr;
+    EXPECT_GT(FormatMessageA(0x1300, nullptr, ERROR_DISK_FULL, 1024, &text, 0, nullptr), 0u);
+    EXPECT_STREQ(text, "No space left on device");
+    EXPECT_EQ(LocalFree(text), nullptr);
+    EXPECT_EQ(FormatMessageA(0x1300, nullptr, 4711, 1024, &text, 0, nullptr), 0u);
+    EXPECT_EQ(text, nullptr);
+    LocalFree(nullptr);
+}
+
+TEST(LastError, ComesFromErrnoAndBelongsToTheThread)
+{
+    struct Row
+    {
+        int error;
+        DWORD code;
+    };
+    for (const Row row :
+         {Row{ENOENT, ERROR_FILE_NOT_FOUND}, Row{EROFS, ERROR_ACCESS_DENIED}, Row{EDQUOT, ERROR_DISK_FULL},
+          Row{EEXIST, ERROR_ALREADY_EXISTS}, Row{EXDEV, ERROR_GEN_FAILURE}})
+    {
+        SetLastErrorFromErrno(row.error);
+        EXPECT_EQ(GetLastError(), row.code);
+    }
+    std::thread([] { EXPECT_EQ(GetLastError(), ERROR_SUCCESS); }).join();
+}
+
+TEST(CommandLine, NeverReadsAFolderAsASwitch)
+{
+    struct Row
+    {
+        std::vector<std::string> arguments;
+        const char* line;
+    };
+    const Row rows[] = {
+        {{"/home/allan/vantroy"}, R"("\home\allan\vantroy")"},
+        {{"vantroy", "--all"}, R"("vantroy" /all)"},
+        {{"./vantroy", "--current", "x"}, R"(".\vantroy" /current x)"},
+        {{"v", "/ALL", "--all2", "a b"}, R"("v" /ALL --all2 a b)"},
+        {{}, R"("")"},
+    };
+    for (const Row& row : rows)
+    {
+        std::vector<char*> argv;
+        for (const std::string& argument : row.arguments)
+            argv.push_back(const_cast<char*>(argument.c_str()));
+        SetCommandLine(static_cast<int>(argv.size()), argv.data());
+        EXPECT_STREQ(GetCommandLineA(), row.line);
+    }
+}
+
+// A worker that runs a function; it must stay in place until the thread has left.
+std::unique_ptr<CWinThread> Start(std::function<void()>& body)
+{
+    return AfxBeginThread(
+        [](void* parameter) {
+            (*static_cast<std::function<void()>*>(parameter))();
+            return 0u;
+        },
+        &body);
+}
+
+class WorkerTest : public testing::Test
+{
+protected:
+    int m_argc = 1;
+    char m_name[5] = "test";
+    char* m_argv[2] = {m_name, nullptr};
+    QCoreApplication m_application{m_argc, m_argv};
+    TaskQueue m_queue;
+};
+
+TEST_F(WorkerTest, WaitServesWhatTheWorkerCalls)
+{
+    int served = 0;
+    bool threw = false;
+    std::function<void()> body = [&] {
+        for (int i = 0; i < 100; ++i)
+            EXPECT_TRUE(m_queue.Call([&] {
+                EXPECT_TRUE(m_queue.IsServingThread());
+                ++served;
+            }));
+        try
+        {
+            m_queue.Call([] { throw std::runtime_error("task"); });
+        }
+        catch (const std::runtime_error&)
+        {
+            threw = true;
+        }
+    };
+    const auto thread = Start(body);
+    ASSERT_TRUE(thread);
+    thread->Wait();
+    EXPECT_FALSE(thread->IsRunning());
+    EXPECT_EQ(served, 100);
+    EXPECT_TRUE(threw);
+    thread->Wait();
+}
+
+TEST_F(WorkerTest, WaitServesAlsoBehindTheEndOfTheMainLoop)
+{
+    m_queue.Post([] { QCoreApplication::quit(); });
+    QCoreApplication::exec();
+    bool served = false;
+    std::function<void()> body = [&] { m_queue.Call([&] { served = true; }); };
+    Start(body).reset();
+    EXPECT_TRUE(served);
+}
+
+TEST_F(WorkerTest, WaitFromInsideAServedTask)
+{
+    std::unique_ptr<CWinThread> thread;
+    std::function<void()> body = [&] { m_queue.Post([&] { thread->Wait(); }); };
+    thread = Start(body);
+    thread->Wait();
+    EXPECT_FALSE(thread->IsRunning());
+}
+
+TEST_F(WorkerTest, ClosedQueueFailsItsCallers)
+{
+    std::atomic<bool> result = true;
+    std::function<void()> body = [&] { result = m_queue.Call([&] { FAIL() << "ran"; }); };
+    const auto thread = Start(body);
+    // Not served meanwhile, so the call is either waiting or still to come.
+    m_queue.Close();
+    thread->Wait();
+    EXPECT_FALSE(result);
+    EXPECT_FALSE(m_queue.Post([] {}));
+}
+
+TEST_F(WorkerTest, CancelReachesItsThreadAlone)
+{
+    std::function<void()> body = [] {
+        while (!IsSynchronousIoCancelled())
+            std::this_thread::yield();
+    };
+    const auto thread = Start(body);
+    thread->CancelSynchronousIo();
+    std::thread([&] { thread->Wait(); }).join();
+    EXPECT_FALSE(thread->IsRunning());
+    EXPECT_FALSE(IsSynchronousIoCancelled());
+}
+
+TEST_F(WorkerTest, StartsAndEndsManyTimes)
+{
+    std::atomic<int> runs = 0;
+    std::function<void()> body = [&] { ++runs; };
+    for (int i = 0; i < 500; ++i)
+        ASSERT_TRUE(Start(body));
+    EXPECT_EQ(runs, 500);
+}
+
+} // namespace

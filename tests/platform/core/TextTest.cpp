@@ -1,0 +1,118 @@
+#include "platform/text/CodePage_p.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr const char* kFffd = "\xEF\xBF\xBD";
+
+struct PageCase
+{
+    UINT page;
+    const char* bytes;
+    const char* utf8;
+};
+
+TEST(CodePage, ComesFromTheOverrideOrTheLocale)
+{
+    EXPECT_EQ(ChooseCodePage(nullptr, "UTF-8"), 65001u);
+    EXPECT_EQ(ChooseCodePage(nullptr, "GB18030"), 936u);
+    EXPECT_EQ(ChooseCodePage(nullptr, "EUC-JP"), 932u);
+    EXPECT_EQ(ChooseCodePage(nullptr, "ISO-8859-1"), 1252u);
+    EXPECT_EQ(ChooseCodePage(nullptr, "ANSI_X3.4-1968"), 65001u);
+    EXPECT_EQ(ChooseCodePage("950", "UTF-8"), 950u);
+    EXPECT_EQ(ChooseCodePage("437", "UTF-8"), 65001u);
+    EXPECT_EQ(ChooseCodePage("", "EUC-KR"), 949u);
+}
+
+TEST(CodePage, ConvertsBothWays)
+{
+    static constexpr PageCase kCases[] = {
+        {65001, "caf\xC3\xA9 \xE4\xB8\xAD \xF0\x9F\x98\x80", "caf\xC3\xA9 \xE4\xB8\xAD \xF0\x9F\x98\x80"},
+        {936, "\xD6\xD0\xB9\xFA.jpg", "\xE4\xB8\xAD\xE5\x9B\xBD.jpg"},
+        {932, "\x93\xFA\x96\x7B \xB1 \x83\x5C", "\xE6\x97\xA5\xE6\x9C\xAC \xEF\xBD\xB1 \xE3\x82\xBD"},
+        {949, "\xC7\xD1", "\xED\x95\x9C"},
+        {950, "\xA4\xA4", "\xE4\xB8\xAD"},
+        {1252, "na\xEFve \x80", "na\xC3\xAFve \xE2\x82\xAC"},
+        {936, "", ""},
+    };
+    for (const PageCase& c : kCases)
+    {
+        SCOPED_TRACE(std::to_string(c.page) + " " + c.utf8);
+        EXPECT_EQ(CodePageToUtf8(c.page, c.bytes), c.utf8);
+        EXPECT_EQ(Utf8ToCodePage(c.page, c.utf8), c.bytes);
+        EXPECT_EQ(WideToUtf8(Utf8ToWide(c.utf8)), c.utf8);
+    }
+    std::string longText;
+    for (int i = 0; i < 5000; ++i)
+        longText += "\xE4\xB8\xAD";
+    EXPECT_EQ(CodePageToUtf8(936, Utf8ToCodePage(936, longText)), longText);
+}
+
+TEST(CodePage, ReplacesWhatCannotBeConverted)
+{
+    const std::string bad = kFffd;
+    // Stray trail, overlong form, surrogate, beyond the last character, cut end: each byte counts by itself.
+    EXPECT_EQ(CodePageToUtf8(65001, "a\x80z"), "a" + bad + "z");
+    EXPECT_EQ(CodePageToUtf8(65001, "\xC0\xAF"), bad + bad);
+    EXPECT_EQ(CodePageToUtf8(65001, "\xED\xA0\x80"), bad + bad + bad);
+    EXPECT_EQ(CodePageToUtf8(65001, "\xF4\x90\x80\x80"), bad + bad + bad + bad);
+    EXPECT_EQ(CodePageToUtf8(65001, "\xE4\xB8"), bad + bad);
+    EXPECT_EQ(CodePageToUtf8(936, "a\xD6"), "a" + bad);
+    EXPECT_EQ(CodePageToUtf8(932, "\xFFz"), bad + "z");
+    EXPECT_EQ(Utf8ToCodePage(1252, "\xE4\xB8\xAD!\xF0\x9F\x98\x80"), "?!?");
+    EXPECT_EQ(Utf8ToCodePage(936, "x\xF0\x9F\x98\x80\xE4\xB8\xAD"), "x?\xD6\xD0");
+}
+
+TEST(CodePage, WideTextWithSurrogates)
+{
+    const auto wide = [](std::initializer_list<unsigned> units) {
+        std::wstring text;
+        for (const unsigned unit : units)
+            text += static_cast<wchar_t>(unit);
+        return text;
+    };
+    EXPECT_EQ(WideToUtf8(wide({0xD83D, 0xDE00})), "\xF0\x9F\x98\x80");
+    EXPECT_EQ(WideToUtf8(wide({0xD83D, 'a', 0xDE00})), "?a?");
+    EXPECT_EQ(WideToUtf8(wide({0xD83D})), "?");
+    EXPECT_EQ(WideToUtf8(wide({0xFFFFFFFF, 0x110000})), "??");
+    EXPECT_EQ(Utf8ToWide("\xFF"), wide({0xFFFD}));
+}
+
+TEST(Mbcs, StepsByCharacter)
+{
+    struct StepCase
+    {
+        UINT page;
+        const char* text;
+        int step;
+    };
+    static constexpr StepCase kCases[] = {
+        {65001, "", 0},         {65001, "ab", 1},         {65001, "\xC3\xA9x", 2},
+        {65001, "\xC3", 1},     {65001, "\xE4\xB8", 1},   {65001, "\xF0\x9F\x98\x80", 4},
+        {65001, "\x80\x80", 1}, {936, "\xD6\xD0", 2},     {936, "\xD6", 1},
+        {936, "\xD6\"", 1},     {932, "\x83\x5C", 2},     {932, "\xB1\x41", 1},
+        {949, "\xC7\xD1", 2},   {950, "\xA4\x5C\x5C", 2}, {1252, "\xD6\xD0", 1},
+    };
+    for (const StepCase& c : kCases)
+    {
+        SCOPED_TRACE(std::to_string(c.page) + " " + c.text);
+        EXPECT_EQ(NextCharacter(c.page, c.text) - c.text, c.step);
+    }
+}
+
+TEST(Mbcs, ComparesByCharacter)
+{
+    EXPECT_EQ(CompareCharacters(65001, "http://a/\xC3\xA9", "http://a/\xC3\xA9"), 0);
+    EXPECT_LT(CompareCharacters(65001, "A", "a"), 0);
+    EXPECT_GT(CompareCharacters(65001, "ab", "a"), 0);
+    EXPECT_GT(CompareCharacters(65001, "\xE4\xB8\xAD", "z"), 0);
+    // A half-width sign stands before every pair, though its byte is the greater one.
+    EXPECT_LT(CompareCharacters(932, "\xB1", "\x83\x5C"), 0);
+    EXPECT_LT(CompareCharacters(936, "\xD6\xD0", "\xD6\xD1"), 0);
+    EXPECT_GT(CompareCharacters(936, "\xD6\xD0", "\xD6"), 0);
+    EXPECT_EQ(CompareCharacters(950, "", ""), 0);
+}
+
+} // namespace
