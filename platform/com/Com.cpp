@@ -1,10 +1,10 @@
 #include "platform/com/Com.h"
 
+#include "platform/com/Guard_p.h"
 #include "platform/com/Runnable.h"
 
 #include <algorithm>
 #include <mutex>
-#include <new>
 #include <vector>
 
 namespace
@@ -47,23 +47,6 @@ ClassTable& Classes()
     return table;
 }
 
-// The factory is code of another folder: what it throws becomes a result here.
-HRESULT Make(const ClassFactory& factory, CComPtr<IUnknown>& object)
-{
-    try
-    {
-        return factory(object);
-    }
-    catch (const std::bad_alloc&)
-    {
-        return E_OUTOFMEMORY;
-    }
-    catch (...)
-    {
-        return E_FAIL;
-    }
-}
-
 } // namespace
 
 HRESULT CoInitialize(void*)
@@ -89,7 +72,7 @@ HRESULT CoCreateInstance(REFCLSID clsid, IUnknown* outer, DWORD, REFIID iid, voi
     if (!factory)
         return REGDB_E_CLASSNOTREG;
     CComPtr<IUnknown> made;
-    const HRESULT result = Make(factory, made);
+    const HRESULT result = GuardedCall([&] { return factory(made); });
     if (FAILED(result))
         return result;
     return made ? made->QueryInterface(iid, object) : E_FAIL;

@@ -1,0 +1,36 @@
+#include "platform/browser/Browsers.h"
+
+#include "platform/browser/ObjectModel.h"
+#include "platform/browser/devtools/LoadedCopies_p.h"
+#include "platform/browser/devtools/ShellWindows_p.h"
+#include "platform/com/Com.h"
+#include "platform/internet/UrlCache.h"
+
+namespace
+{
+
+std::shared_ptr<devtools::BrowserList>& Browsers()
+{
+    static std::shared_ptr<devtools::BrowserList> browsers;
+    return browsers;
+}
+
+} // namespace
+
+void RegisterBrowsers()
+{
+    const auto browsers = std::make_shared<devtools::BrowserList>();
+    Browsers() = browsers;
+    RegisterClassFactory(CLSID_ShellWindows, [browsers](CComPtr<IUnknown>& object) {
+        return devtools::MakeShellWindows(browsers, object);
+    });
+    SetUrlCacheSource(std::make_shared<devtools::LoadedCopies>(browsers));
+}
+
+void CloseBrowsers()
+{
+    RegisterClassFactory(CLSID_ShellWindows, nullptr);
+    SetUrlCacheSource(nullptr);
+    if (const auto browsers = std::exchange(Browsers(), nullptr))
+        browsers->Close();
+}

@@ -1,0 +1,238 @@
+#include "platform/browser/devtools/Connection_p.h"
+
+#include "platform/browser/devtools/IoThread_p.h"
+
+#include <QJsonDocument>
+#include <QNetworkProxy>
+#include <QUrl>
+#include <QWebSocket>
+
+#include <new>
+#include <utility>
+
+namespace devtools
+{
+namespace
+{
+
+// A resource travels as base64 in one message; see the limit of its size in LoadedCopies.cpp. A message above this
+// ends the connection.
+constexpr quint64 kLargestMessage = 512U << 20;
+
+QByteArray Encode(int id, const Command& command)
+{
+    QJsonObject message{{"id", id}, {"method", command.method}, {"params", command.params}};
+    if (!command.session.isEmpty())
+        message.insert("sessionId", command.session);
+    return QJsonDocument(message).toJson(QJsonDocument::Compact);
+}
+
+} // namespace
+
+Connection::Connection(std::shared_ptr<IoThread> io) : m_io(std::move(io))
+{}
+
+Connection::~Connection()
+{
+    Close();
+}
+
+HRESULT Connection::Open(const std::string& url, Deadline deadline)
+{
+    if (!m_io->Call([&] { MakeSocket(url); }))
+        return RPC_E_DISCONNECTED;
+    const HRESULT result = m_opening->Take(deadline).result;
+    if (FAILED(result))
+        Close();
+    return result;
+}
+
+bool Connection::IsOpen() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_open;
+}
+
+void Connection::Close()
+{
+    m_io->Call([this] { m_socket.reset(); });
+    Lose();
+}
+
+std::shared_ptr<PendingReply> Connection::Send(const Command& command, NextCommand next)
+{
+    const auto pending = std::make_shared<PendingReply>();
+    const QByteArray message = Enter(command, {pending, command.session, std::move(next)});
+    if (!message.isEmpty() && !m_io->Post([this, message] { Transmit(message); }))
+        Lose();
+    return pending;
+}
+
+Reply Connection::Call(const Command& command, Deadline deadline)
+{
+    return Send(command)->Take(deadline);
+}
+
+std::vector<Attached> Connection::Sessions() const
+{
+    const std::lock_guard lock(m_mutex);
+    std::vector<Attached> sessions;
+    for (const auto& [id, attached] : m_sessions)
+        sessions.push_back(attached);
+    return sessions;
+}
+
+// No Origin header: with one the browser takes us for a page and refuses. No proxy: the address is this machine's.
+void Connection::MakeSocket(const std::string& url)
+{
+    m_socket = std::make_unique<QWebSocket>(QString());
+    m_socket->setProxy(QNetworkProxy::NoProxy);
+    m_socket->setMaxAllowedIncomingFrameSize(kLargestMessage);
+    m_socket->setMaxAllowedIncomingMessageSize(kLargestMessage);
+    QObject::connect(m_socket.get(), &QWebSocket::connected, m_socket.get(), [this] { OnOpen(); });
+    QObject::connect(m_socket.get(), &QWebSocket::disconnected, m_socket.get(), [this] { Lose(); });
+    QObject::connect(m_socket.get(), qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), m_socket.get(),
+                     [this] { Lose(); });
+    QObject::connect(m_socket.get(), &QWebSocket::textMessageReceived, m_socket.get(), [this](const QString& message) {
+        try
+        {
+            Receive(message);
+        }
+        catch (const std::bad_alloc&)
+        {
+            Lose();
+        }
+    });
+    m_socket->open(QUrl(QString::fromStdString(url)));
+}
+
+void Connection::OnOpen()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_open = true;
+    }
+    m_opening->Finish({S_OK, {}});
+}
+
+void Connection::Transmit(const QByteArray& message)
+{
+    if (m_socket)
+        m_socket->sendTextMessage(QString::fromUtf8(message));
+}
+
+// Notes a request and gives its message; empty if it has failed already.
+QByteArray Connection::Enter(const Command& command, Request request)
+{
+    const std::lock_guard lock(m_mutex);
+    const bool isSound = command.session.isEmpty() || m_sessions.contains(command.session);
+    if (!m_open || !isSound || m_crashed.contains(command.session))
+    {
+        request.pending->Finish({m_open ? E_FAIL : RPC_E_DISCONNECTED, {}});
+        return {};
+    }
+    const int id = ++m_lastId;
+    m_requests.emplace(id, std::move(request));
+    return Encode(id, command);
+}
+
+// What is no JSON is passed over: the call that it may have answered ends at its limit, the others go on.
+void Connection::Receive(const QString& text)
+{
+    const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
+    if (message.contains("id"))
+        OnReply(message.value("id").toInt(), message);
+    else
+        OnEvent(message.value("method").toString(), message);
+}
+
+void Connection::OnReply(int id, const QJsonObject& message)
+{
+    Request request;
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto found = m_requests.find(id);
+        if (found == m_requests.end())
+            return;
+        request = std::move(found->second);
+        m_requests.erase(found);
+    }
+    if (!message.value("result").isObject())
+        return request.pending->Finish({E_FAIL, {}});
+    const QJsonObject value = message.value("result").toObject();
+    if (!request.next)
+        return request.pending->Finish({S_OK, value});
+    const Command command = request.next(value);
+    const QByteArray next = Enter(command, {request.pending, command.session, nullptr});
+    if (!next.isEmpty())
+        Transmit(next);
+}
+
+void Connection::OnEvent(const QString& method, const QJsonObject& message)
+{
+    const QString session = message.value("sessionId").toString();
+    const QJsonObject params = message.value("params").toObject();
+    if (method == "Target.attachedToTarget")
+        OnAttached(params, session);
+    else if (method == "Target.detachedFromTarget")
+        OnDetached(params.value("sessionId").toString());
+    else if (method == "Inspector.targetCrashed")
+        OnCrashed(session);
+    else if (method == "Inspector.targetReloadedAfterCrash")
+    {
+        const std::lock_guard lock(m_mutex);
+        m_crashed.erase(session);
+    }
+}
+
+void Connection::OnAttached(const QJsonObject& params, const QString& parent)
+{
+    const QJsonObject target = params.value("targetInfo").toObject();
+    const QString session = params.value("sessionId").toString();
+    const std::lock_guard lock(m_mutex);
+    m_sessions[session] = {session, parent, target.value("targetId").toString(), target.value("type").toString(),
+                           target.value("subtype").toString()};
+}
+
+void Connection::OnDetached(const QString& session)
+{
+    const std::lock_guard lock(m_mutex);
+    std::erase_if(m_sessions, [&](const auto& entry) {
+        if (entry.second.session != session && entry.second.parent != session)
+            return false;
+        m_crashed.erase(entry.first);
+        FailRequests(entry.first);
+        return true;
+    });
+}
+
+// A crashed page answers nothing until it is loaded again.
+void Connection::OnCrashed(const QString& session)
+{
+    const std::lock_guard lock(m_mutex);
+    m_crashed.insert(session);
+    FailRequests(session);
+}
+
+void Connection::FailRequests(const QString& session)
+{
+    std::erase_if(m_requests, [&](const auto& entry) {
+        if (entry.second.session != session)
+            return false;
+        entry.second.pending->Finish({E_FAIL, {}});
+        return true;
+    });
+}
+
+void Connection::Lose()
+{
+    m_opening->Finish({RPC_E_DISCONNECTED, {}});
+    const std::lock_guard lock(m_mutex);
+    m_open = false;
+    m_sessions.clear();
+    m_crashed.clear();
+    for (const auto& [id, request] : std::exchange(m_requests, {}))
+        request.pending->Finish({RPC_E_DISCONNECTED, {}});
+}
+
+} // namespace devtools

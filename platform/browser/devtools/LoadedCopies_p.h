@@ -1,0 +1,55 @@
+// The browsers' loaded resources as the program's URL cache, with nothing asked of the network.
+#pragma once
+
+#include "platform/browser/devtools/BrowserList_p.h"
+#include "platform/browser/devtools/CopyFolder_p.h"
+#include "platform/internet/UrlCache.h"
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace devtools
+{
+
+// Only what a browser surely holds as the server sent it is found: resources that are loaded to their end and handed
+// out as bytes. The pages that the last looks have seen are searched, their top document and the frames of its site.
+class LoadedCopies : public IUrlCacheSource
+{
+public:
+    explicit LoadedCopies(std::shared_ptr<BrowserList> browsers);
+
+    bool Find(const std::string& url, std::string& localFile, std::uint64_t& size) override;
+
+private:
+    // A frame that has loaded a resource. The loader changes with every document of the frame.
+    struct Holder
+    {
+        std::shared_ptr<Connection> browser;
+        QString session;
+        QString frame;
+        QString loader;
+        qint64 size = 0;
+    };
+    struct Copy
+    {
+        QString loader;
+        std::string file;
+        std::uint64_t size = 0;
+    };
+
+    void Refresh();
+    void AddFrames(const PageResources& page, const QJsonObject& tree);
+    const Copy* FindCopy(const QString& url);
+    const Copy* Fetch(const QString& url, const Holder& holder);
+
+    const std::shared_ptr<BrowserList> m_browsers;
+    std::mutex m_mutex; // of all below
+    CopyFolder m_folder;
+    std::map<QString, Copy> m_copies;
+    std::map<QString, std::vector<Holder>> m_holders;
+    Clock::time_point m_refreshAt; // the epoch: never read
+};
+
+} // namespace devtools

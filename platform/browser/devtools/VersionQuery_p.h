@@ -1,0 +1,21 @@
+// The one plain HTTP request of the protocol: what listens at a port?
+#pragma once
+
+#include "platform/com/Unknown.h"
+
+#include <string>
+
+namespace devtools
+{
+
+struct Version
+{
+    HRESULT result = RPC_E_DISCONNECTED; // S_OK if a server answered at all
+    bool notFound = false;               // 404
+    std::string socketPath;              // path of the browser's WebSocket, empty if it was not told
+};
+
+// GET http://AUTHORITY/json/version, with a limit of a few seconds.
+Version AskVersion(const std::string& authority);
+
+} // namespace devtools

@@ -1,0 +1,149 @@
+#include "tests/platform/browser/FakeBrowser.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QWebSocket>
+#include <QWebSocketServer>
+
+namespace
+{
+
+constexpr const char* kPath = "/devtools/browser/fake";
+
+QString TextOf(const QJsonObject& message)
+{
+    return QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact));
+}
+
+QString AttachedEvent(const QString& parent, const QString& target, const QString& type)
+{
+    const QJsonObject info{{"targetId", target}, {"type", type}};
+    return TextOf({{"method", "Target.attachedToTarget"},
+                   {"sessionId", parent},
+                   {"params", QJsonObject{{"sessionId", "s-" + target}, {"targetInfo", info}}}});
+}
+
+} // namespace
+
+struct FakeBrowser::Server
+{
+    QTcpServer tcp;
+    QWebSocketServer sockets{"fake", QWebSocketServer::NonSecureMode};
+    std::vector<std::unique_ptr<QWebSocket>> clients;
+};
+
+FakeBrowser::FakeBrowser(std::vector<std::string> titles, Behaviour behaviour, int versionStatus)
+    : m_titles(std::move(titles)), m_behaviour(std::move(behaviour)), m_versionStatus(versionStatus)
+{
+    m_thread.Call([this] {
+        m_server = std::make_unique<Server>();
+        QObject::connect(&m_server->tcp, &QTcpServer::newConnection, &m_server->tcp, [this] { OnHead(); });
+        QObject::connect(&m_server->sockets, &QWebSocketServer::newConnection, &m_server->tcp,
+                         [this] { OnConnection(); });
+        m_server->tcp.listen(QHostAddress::LocalHost);
+        m_port = m_server->tcp.serverPort();
+    });
+}
+
+FakeBrowser::~FakeBrowser()
+{
+    Die();
+}
+
+void FakeBrowser::Die()
+{
+    m_thread.Call([this] { m_server.reset(); });
+}
+
+std::string FakeBrowser::Endpoint() const
+{
+    return "ws://127.0.0.1:" + std::to_string(m_port) + kPath;
+}
+
+std::vector<std::string> FakeBrowser::Heads() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_heads;
+}
+
+QString FakeBrowser::Reply(const QJsonObject& request, const QJsonObject& result)
+{
+    return TextOf({{"id", request.value("id")}, {"sessionId", request.value("sessionId")}, {"result", result}});
+}
+
+void FakeBrowser::OnHead()
+{
+    QTcpSocket* const socket = m_server->tcp.nextPendingConnection();
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
+        const QByteArray head = socket->peek(4096);
+        if (!head.contains("\r\n\r\n"))
+            return;
+        {
+            const std::lock_guard lock(m_mutex);
+            m_heads.push_back(head.toStdString());
+        }
+        socket->disconnect();
+        if (!head.startsWith("GET /json/version"))
+            return m_server->sockets.handleConnection(socket);
+        const QByteArray body = TextOf({{"webSocketDebuggerUrl", QString::fromStdString(Endpoint())}}).toUtf8();
+        socket->write("HTTP/1.1 " + QByteArray::number(m_versionStatus) + " -\r\nContent-Length: " +
+                      QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
+        socket->disconnectFromHost();
+    });
+}
+
+void FakeBrowser::OnConnection()
+{
+    m_server->clients.emplace_back(m_server->sockets.nextPendingConnection());
+    QWebSocket* const client = m_server->clients.back().get();
+    QObject::connect(client, &QWebSocket::textMessageReceived, client, [this, client](const QString& text) {
+        const Send send = [client](const QString& reply) { client->sendTextMessage(reply); };
+        const QJsonObject request = QJsonDocument::fromJson(text.toUtf8()).object();
+        if (!m_behaviour || !m_behaviour(request, send))
+            OnRequest(request, send);
+    });
+}
+
+void FakeBrowser::OnRequest(const QJsonObject& request, const Send& send) const
+{
+    const QString method = request.value("method").toString();
+    const QString session = request.value("sessionId").toString();
+    QJsonObject result;
+    if (method == "Target.getTargets")
+        result = Targets();
+    else if (method == "Target.attachToTarget")
+    {
+        const QString target = request.value("params").toObject().value("targetId").toString();
+        send(AttachedEvent({}, target, "tab"));
+        result = {{"sessionId", "s-" + target}};
+    }
+    else if (method == "Target.setAutoAttach")
+        send(AttachedEvent(session, "page" + session.mid(5), "page"));
+    else if (method == "Browser.getWindowForTarget")
+        result = {{"windowId", 1}};
+    else if (method == "Page.createIsolatedWorld")
+        result = {{"executionContextId", 7}};
+    else if (method == "Runtime.evaluate")
+    {
+        const QString title = QString::fromStdString(m_titles.at(session.mid(6).toUInt()));
+        const QJsonObject look{{"url", "http://x/" + title}, {"title", title}, {"html", true}, {"context", 7}};
+        result = {{"result", QJsonObject{{"value", look}}}};
+    }
+    send(Reply(request, result));
+}
+
+// The list of targets is not in the order of the tab strip.
+QJsonObject FakeBrowser::Targets() const
+{
+    QJsonArray targets;
+    for (int i = 0; i < static_cast<int>(m_titles.size()); ++i)
+    {
+        const QString number = QString::number(i);
+        targets.prepend(QJsonObject{{"targetId", "page" + number}, {"type", "page"}});
+        targets.prepend(QJsonObject{
+            {"targetId", "tab" + number}, {"type", "tab"}, {"embedderData", QJsonObject{{"tabStripIndex", i}}}});
+    }
+    return {{"targetInfos", targets}};
+}

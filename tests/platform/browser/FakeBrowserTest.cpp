@@ -1,0 +1,287 @@
+// What a browser can do wrong, played by a server of our own.
+#include "tests/platform/browser/FakeBrowser.h"
+#include "tests/platform/browser/Collection.h"
+
+#include "platform/system/Thread.h"
+#include "platform/testing/TempHome.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace
+{
+
+using namespace std::chrono_literals;
+using List_t = std::vector<std::wstring>;
+
+QString MethodOf(const QJsonObject& request)
+{
+    return request.value("method").toString();
+}
+
+bool IsFor(const QJsonObject& request, const char* method, const char* session)
+{
+    return MethodOf(request) == method && request.value("sessionId").toString() == session;
+}
+
+bool WaitUntil(const std::function<bool()>& condition)
+{
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    while (!condition() && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(1ms);
+    return condition();
+}
+
+CComPtr<IShellWindows> Opened()
+{
+    CComPtr<IShellWindows> windows;
+    EXPECT_EQ(OpenCollection(windows), S_OK);
+    return windows;
+}
+
+const List_t kThree{L"a|http://x/a", L"b|http://x/b", L"c|http://x/c"};
+
+TEST(FakeBrowser, ListsTabsInOrderOverOneConnectionWithoutOrigin)
+{
+    const FakeBrowser browser({"a", "b", "c"});
+    const Registered registered(browser.Endpoint());
+    const auto windows = Opened();
+    EXPECT_EQ(List(windows), kThree);
+    EXPECT_EQ(List(Opened()), kThree);
+    ASSERT_EQ(browser.Heads().size(), 1U);
+    EXPECT_EQ(browser.Heads()[0].find("Origin:"), std::string::npos);
+}
+
+TEST(FakeBrowser, MatchesRepliesThatComeOutOfOrderAmongOthers)
+{
+    std::vector<QJsonObject> held;
+    const FakeBrowser browser({"a", "b", "c"}, [&held](const QJsonObject& request, const FakeBrowser::Send& send) {
+        if (MethodOf(request) != "Page.createIsolatedWorld")
+            return false;
+        held.push_back(request);
+        for (; held.size() == 3; held.clear())
+        {
+            for (const int i : {2, 0, 1})
+            {
+                send(R"({"method": "Page.frameNavigated", "sessionId": "s-page0", "params": {}})");
+                send(R"({"id": 99999, "result": {}})");
+                send(R"({"id": "text", "result": 1})");
+                send("[1, 2]");
+                send(R"({"id": )" + QString::number(held[0].value("id").toInt()));
+                send(FakeBrowser::Reply(held[static_cast<std::size_t>(i)], {{"executionContextId", 7}}));
+            }
+        }
+        return true;
+    });
+    const Registered registered(browser.Endpoint());
+    EXPECT_EQ(List(Opened()), kThree);
+}
+
+TEST(FakeBrowser, SilentPageCostsItsLimitOnceAndComesBack)
+{
+    std::atomic<bool> silent{true};
+    std::vector<QJsonObject> held;
+    const FakeBrowser browser({"a", "b"}, [&](const QJsonObject& request, const FakeBrowser::Send& send) {
+        if (!IsFor(request, "Page.createIsolatedWorld", "s-page0"))
+        {
+            if (!silent && !held.empty())
+                send(FakeBrowser::Reply(std::exchange(held, {})[0], {}));
+            return false;
+        }
+        if (silent)
+            held.push_back(request);
+        return silent.load();
+    });
+    const Registered registered(browser.Endpoint());
+    const auto windows = Opened();
+    EXPECT_EQ(List(windows), (List_t{L"-", L"b|http://x/b"}));
+    HRESULT failure = S_OK;
+    EXPECT_FALSE(DocumentOf(windows, 0, &failure));
+    EXPECT_EQ(failure, RPC_E_TIMEOUT);
+    // One request only: looks after the first do not ask, and so do not wait.
+    EXPECT_EQ(List(windows), (List_t{L"-", L"b|http://x/b"}));
+    silent = false;
+    EXPECT_TRUE(WaitUntil([&] { return List(windows) == List_t({L"a|http://x/a", L"b|http://x/b"}); }));
+}
+
+TEST(FakeBrowser, CrashedAndClosedPagesFailTheirCallsAlone)
+{
+    const FakeBrowser browser({"a", "b", "c"}, [](const QJsonObject& request, const FakeBrowser::Send& send) {
+        if (IsFor(request, "Page.createIsolatedWorld", "s-page0"))
+            send(R"({"method": "Inspector.targetCrashed", "sessionId": "s-page0", "params": {}})");
+        else if (IsFor(request, "Page.createIsolatedWorld", "s-page1"))
+            send(R"({"method": "Target.detachedFromTarget", "params": {"sessionId": "s-tab1"}})");
+        else
+            return false;
+        return true;
+    });
+    const Registered registered(browser.Endpoint());
+    const auto windows = Opened();
+    EXPECT_EQ(List(windows), (List_t{L"-", L"-", L"c|http://x/c"}));
+    HRESULT failure = S_OK;
+    EXPECT_FALSE(DocumentOf(windows, 0, &failure));
+    EXPECT_EQ(failure, E_FAIL);
+}
+
+// All calls wait when the browser goes; they must fail by that and not by their limits, which the codes tell apart.
+TEST(FakeBrowser, DyingBrowserFailsAllWaitingCalls)
+{
+    std::atomic<int> waiting{0};
+    FakeBrowser browser({"a"}, [&](const QJsonObject& request, const FakeBrowser::Send&) {
+        const QString script = request.value("params").toObject().value("expression").toString();
+        const bool isHeld = script.contains("'images'") || script.contains("'links'");
+        waiting += isHeld ? 1 : 0;
+        return isHeld;
+    });
+    const Registered registered(browser.Endpoint());
+    std::vector<HRESULT> results(4, S_OK);
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < results.size(); ++i)
+    {
+        threads.emplace_back([&results, i] {
+            CoInitialize(nullptr);
+            const auto windows = Opened();
+            Count(windows);
+            CComPtr<IHTMLElementCollection> all;
+            const auto document = DocumentOf(windows, 0);
+            results[i] = i % 2 != 0 ? document->get_images(all.Receive()) : document->get_links(all.Receive());
+            CoUninitialize();
+        });
+    }
+    EXPECT_TRUE(WaitUntil([&] { return waiting == 4; }));
+    const auto windows = Opened();
+    browser.Die();
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(results, std::vector<HRESULT>(4, RPC_E_DISCONNECTED));
+    LONG count = -1;
+    EXPECT_EQ(windows->get_Count(&count), RPC_E_DISCONNECTED);
+    EXPECT_EQ(count, 0);
+}
+
+TEST(FakeBrowser, CancelledThreadLeavesItsCall)
+{
+    std::atomic<bool> isHeld{false};
+    const FakeBrowser browser({"a"}, [&](const QJsonObject&, const FakeBrowser::Send&) { return isHeld = true; });
+    const Registered registered(browser.Endpoint());
+    HRESULT result = S_OK;
+    const auto worker = AfxBeginThread(
+        [](void* out) -> UINT {
+            CoInitialize(nullptr);
+            LONG count = 0;
+            *static_cast<HRESULT*>(out) = Opened()->get_Count(&count);
+            CoUninitialize();
+            return 0;
+        },
+        &result);
+    EXPECT_TRUE(WaitUntil([&] { return isHeld.load(); }));
+    worker->CancelSynchronousIo();
+    worker->Wait();
+    EXPECT_EQ(result, E_ABORT);
+}
+
+TEST(FakeBrowser, TakesAMessageOfManyMegabytesAndOddValues)
+{
+    const FakeBrowser browser({"a"}, [](const QJsonObject& request, const FakeBrowser::Send& send) {
+        const QString script = request.value("params").toObject().value("expression").toString();
+        if (!script.contains("'images'"))
+            return false;
+        const QString text = R"({"id": %1, "result": {"result": {"value": )"
+                             R"([["x\ud800y", 1e99, "7"], 5, null, [], ["%2", -3, 4]]}}})";
+        send(text.arg(request.value("id").toInt()).arg(QString(40 << 20, 'z')));
+        return true;
+    });
+    const Registered registered(browser.Endpoint());
+    const auto windows = Opened();
+    Count(windows);
+    const auto images = Elements<IHTMLImgElement>(DocumentOf(windows, 0), &IHTMLDocument2::get_images);
+    ASSERT_EQ(images.size(), 5U);
+    LONG width = 0;
+    EXPECT_EQ(Text(images[0], &IHTMLImgElement::get_src), L"x\uFFFDy");
+    EXPECT_EQ(Text(images[1], &IHTMLImgElement::get_src), L"");
+    EXPECT_EQ(Text(images[4], &IHTMLImgElement::get_src).size(), std::size_t{40} << 20);
+    EXPECT_EQ(images[4]->get_width(&width), S_OK);
+    EXPECT_EQ(width, -3);
+}
+
+TEST(Endpoints, NamedBrowserHasToAnswerOnThisMachine)
+{
+    FakeBrowser gone({"a"});
+    const std::string stale = gone.Endpoint();
+    gone.Die();
+    const struct
+    {
+        std::string named;
+        HRESULT expected;
+    } cases[] = {
+        {stale, RPC_E_DISCONNECTED},
+        {"http://127.0.0.1:" + std::to_string(gone.Port()), RPC_E_DISCONNECTED},
+        {"/no/such/folder", RPC_E_DISCONNECTED},
+        {"http://192.0.2.1:9222", E_INVALIDARG},
+        {"ws://192.0.2.1:9222/devtools/browser/x", E_INVALIDARG},
+        {"http://127.0.0.1@192.0.2.1:9222", E_INVALIDARG},
+        {"http://browser.example:9222", E_INVALIDARG},
+        {"https://127.0.0.1:9222", E_INVALIDARG},
+    };
+    for (const auto& [named, expected] : cases)
+    {
+        const Registered registered(named);
+        CComPtr<IShellWindows> windows;
+        EXPECT_EQ(OpenCollection(windows), expected) << named;
+        EXPECT_FALSE(windows);
+    }
+}
+
+TEST(Endpoints, FolderOfABrowserAndOfAProfile)
+{
+    const TempHome home;
+    const FakeBrowser open({"a"});
+    const FakeBrowser asking({"b"}, nullptr, 404);
+    const auto fileOf = [](const FakeBrowser& browser, const char* path) {
+        return std::to_string(browser.Port()) + "\n" + path;
+    };
+    const struct
+    {
+        std::string file;
+        List_t expected;
+    } cases[] = {
+        {fileOf(open, "/devtools/browser/fake"), {L"a|http://x/a"}},
+        {fileOf(asking, "/devtools/browser/fake"), {L"b|http://x/b"}},
+        {fileOf(open, "/devtools/browser/another"), {}}, // left behind: the port is another browser's now
+        {"99999\n/devtools/browser/fake", {}},
+        {"", {}},
+    };
+    for (const auto& [file, expected] : cases)
+    {
+        home.Write("data/DevToolsActivePort", file);
+        home.Write("data/Default/Preferences", "{}");
+        for (const char* folder : {"data", "data/Default", "data/Default/"})
+        {
+            const Registered registered(home.Path(folder));
+            CComPtr<IShellWindows> windows;
+            EXPECT_EQ(OpenCollection(windows), expected.empty() ? RPC_E_DISCONNECTED : S_OK) << file;
+            EXPECT_EQ(windows ? List(windows) : List_t(), expected) << file;
+        }
+    }
+}
+
+TEST(Endpoints, KnownFoldersWithoutAName)
+{
+    const TempHome home;
+    setenv("HOME", home.Folder().c_str(), 1);
+    unsetenv("XDG_CONFIG_HOME");
+    const Registered registered("");
+    const auto windows = Opened();
+    EXPECT_EQ(List(windows), List_t());
+    const FakeBrowser first({"a"});
+    const FakeBrowser second({"b", "c"});
+    home.Write(".config/chromium/DevToolsActivePort", std::to_string(first.Port()) + "\n/devtools/browser/fake");
+    home.Write(".config/vivaldi/DevToolsActivePort", "1\n/devtools/browser/left-behind");
+    home.Write(".var/app/org.chromium.Chromium/config/chromium/DevToolsActivePort",
+               std::to_string(second.Port()) + "\n/devtools/browser/fake");
+    EXPECT_EQ(List(windows), kThree);
+}
+
+} // namespace
