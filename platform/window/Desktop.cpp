@@ -99,12 +99,10 @@ bool RunOnDesktop(const std::function<void()>& task)
         return false;
     if (!core->tasks.IsServingThread())
     {
-        return core->tasks.Call(
-            [&task]
-            {
-                const CarriedCall carried;
-                task();
-            });
+        return core->tasks.Call([&task] {
+            const CarriedCall carried;
+            task();
+        });
     }
     if (!g_desktop)
         return false;

@@ -1,0 +1,189 @@
+#include "platform/window/Calls.h"
+
+#include "platform/window/Desktop_p.h"
+#include "platform/window/ProgressWords_p.h"
+#include "platform/window/WindowPeer_p.h"
+#include "platform/window/WindowRecord_p.h"
+#include "platform/window/WindowTable_p.h"
+
+#include <QWidget>
+
+namespace
+{
+
+std::shared_ptr<WindowRecord> Find(HWND window)
+{
+    return WindowTable::Get().Find(window);
+}
+
+// Runs on the user-interface thread with the record of a window that stands; else the answer is the type's zero.
+template <class Action>
+auto With(HWND window, Action action)
+{
+    decltype(action(std::declval<WindowRecord&>())) answer{};
+    RunOnDesktop([&] {
+        if (const auto record = Find(window))
+            answer = action(*record);
+    });
+    return answer;
+}
+
+template <class Action>
+auto WithWidget(HWND window, Action action)
+{
+    return With(window, [&](WindowRecord& record) { return action(record.Peer()->Widget()); });
+}
+
+// Whether it is disabled itself, whatever its parents are.
+bool IsEnabled(const QWidget& widget)
+{
+    return widget.isWindow() ? widget.isEnabled() : widget.isEnabledTo(widget.parentWidget());
+}
+
+void Show(WindowRecord& record, int command)
+{
+    QWidget& widget = record.Peer()->Widget();
+    switch (command)
+    {
+    case SW_HIDE:
+        record.Hide();
+        break;
+    case SW_MINIMIZE:
+        widget.showMinimized();
+        break;
+    case SW_RESTORE:
+        widget.setWindowState(widget.windowState() & ~Qt::WindowMinimized);
+        widget.show();
+        break;
+    default:
+        widget.show();
+    }
+}
+
+} // namespace
+
+bool IsWindow(HWND window)
+{
+    return Find(window) != nullptr;
+}
+
+bool IsWindowVisible(HWND window)
+{
+    return WithWidget(window, [](QWidget& widget) { return widget.isVisible(); });
+}
+
+bool IsWindowEnabled(HWND window)
+{
+    return WithWidget(window, [](QWidget& widget) { return IsEnabled(widget); });
+}
+
+bool IsIconic(HWND window)
+{
+    return WithWidget(window, [](QWidget& widget) { return widget.isMinimized(); });
+}
+
+HWND GetParent(HWND window)
+{
+    const auto record = Find(window);
+    return record ? record->Parent() : HWND();
+}
+
+HWND GetDlgItem(HWND dialog, int id)
+{
+    const auto record = Find(dialog);
+    return record ? record->Child(id) : HWND();
+}
+
+int GetDlgCtrlID(HWND control)
+{
+    const auto record = Find(control);
+    return record ? record->Id() : 0;
+}
+
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto record = Find(window);
+    if (record && record->Progress() && ProgressWords::Understands(message) && !IsDesktopThread())
+    {
+        const LRESULT answer = record->Progress()->Answer(message, wParam, lParam);
+        if (message != PBM_GETPOS)
+            record->RequestShow();
+        return answer;
+    }
+    return With(window, [&](WindowRecord& r) { return r.Send(message, wParam, lParam); });
+}
+
+BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto deliver = [=] {
+        if (const auto record = Find(window))
+            record->SendFromToolkit(message, wParam, lParam);
+    };
+    return IsWindow(window) && PostToDesktop(deliver);
+}
+
+BOOL ShowWindow(HWND window, int command)
+{
+    return With(window, [command](WindowRecord& record) {
+        const bool wasVisible = record.Peer()->Widget().isVisible();
+        Show(record, command);
+        return wasVisible;
+    });
+}
+
+BOOL EnableWindow(HWND window, BOOL enable)
+{
+    return WithWidget(window, [enable](QWidget& widget) {
+        const bool wasDisabled = !IsEnabled(widget);
+        widget.setEnabled(enable);
+        return wasDisabled;
+    });
+}
+
+BOOL SetForegroundWindow(HWND window)
+{
+    return WithWidget(window, [](QWidget& widget) {
+        QWidget* top = widget.window();
+        top->raise();
+        top->activateWindow();
+        return top->isVisible();
+    });
+}
+
+BOOL SetWindowTextA(HWND window, const std::string& text)
+{
+    const auto record = Find(window);
+    if (!record)
+        return FALSE;
+    record->SetText(text);
+    return TRUE;
+}
+
+std::string GetWindowTextA(HWND window)
+{
+    const auto record = Find(window);
+    return record ? record->Text() : std::string();
+}
+
+BOOL DestroyWindow(HWND window)
+{
+    return With(window, [](WindowRecord& record) {
+        record.Destroy();
+        return true;
+    });
+}
+
+UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds)
+{
+    // 0 says that there is no timer.
+    const UINT_PTR number = id ? id : 1;
+    return With(window, [=](WindowRecord& record) {
+        record.SetTimer(number, milliseconds);
+        return number;
+    });
+}
+
+BOOL KillTimer(HWND window, UINT_PTR id)
+{
+    return With(window, [id](WindowRecord& record) { return record.KillTimer(id); });
+}

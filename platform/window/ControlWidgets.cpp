@@ -1,0 +1,122 @@
+#include "platform/window/ControlWidgets_p.h"
+
+#include "platform/window/Picture_p.h"
+#include "platform/window/ProgressWords_p.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionFrame>
+
+namespace
+{
+
+// Shows the text as a tip if it is wider than the room it has.
+bool TipIfCut(QEvent* event, const QString& text, int room, QWidget& widget)
+{
+    if (event->type() != QEvent::ToolTip)
+        return false;
+    const bool cut = widget.fontMetrics().horizontalAdvance(text) > room;
+    ShowToolTip(*static_cast<QHelpEvent*>(event), cut ? text : QString(), &widget);
+    return true;
+}
+
+} // namespace
+
+PushButtonWidget::PushButtonWidget(QWidget* parent) : ButtonWidget(parent)
+{
+    // The default button is the template's choice, not the toolkit's.
+    setAutoDefault(false);
+}
+
+void PushButtonWidget::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        ButtonWidget::keyPressEvent(event);
+}
+
+LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+void LabelWidget::ShowText(const QString& text)
+{
+    setText(text);
+    // A label that has a name of its own tells its text as well.
+    if (!accessibleName().isEmpty())
+        setAccessibleDescription(text);
+}
+
+bool LabelWidget::event(QEvent* event)
+{
+    if (!wordWrap() && TipIfCut(event, buddy() ? WithoutMnemonic(text()) : text(), contentsRect().width(), *this))
+        return true;
+    return QLabel::event(event);
+}
+
+EditWidget::EditWidget(QWidget* parent) : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!m_showing)
+            m_record->TextEdited(ByteText(text));
+    });
+}
+
+void EditWidget::ShowText(const QString& text)
+{
+    m_showing = true;
+    setText(text);
+    m_showing = false;
+    if (isReadOnly())
+        setCursorPosition(0);
+}
+
+bool EditWidget::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QLineEdit::event(event);
+    constexpr int kTextMargin = 2; // the toolkit's, on each side inside the contents
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+    return TipIfCut(event, text(), contents.width() - 2 * kTextMargin, *this);
+}
+
+ProgressWidget::ProgressWidget(QWidget* parent) : QProgressBar(parent)
+{
+    // The toolkit's bar counts in signed numbers and shows an empty range as "busy": it gets steps instead.
+    setRange(0, ProgressWords::kSteps);
+    setValue(0);
+    setTextVisible(false);
+}
+
+void ProgressWidget::ShowProgress(const ProgressWords& words)
+{
+    setValue(words.Step());
+}
+
+LRESULT ProgressWidget::Default(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (!ProgressWords::Understands(message))
+        return 0;
+    const LRESULT answer = m_record->Progress()->Answer(message, wParam, lParam);
+    if (message != PBM_GETPOS)
+        m_record->RequestShow();
+    return answer;
+}
+
+PictureWidget::PictureWidget(int picture, bool cover, QWidget* parent)
+    : QWidget(parent), m_picture(LoadPicture(picture)), m_cover(cover)
+{}
+
+void PictureWidget::paintEvent(QPaintEvent*)
+{
+    if (!m_picture)
+        return;
+    QPainter painter(this);
+    DrawPicture(painter, *m_picture, rect(), m_cover);
+}

@@ -1,0 +1,157 @@
+#include "platform/window/Dialog.h"
+
+#include "platform/window/Desktop_p.h"
+#include "platform/window/DialogBuilder_p.h"
+#include "platform/window/DialogWidget_p.h"
+#include "platform/window/ModalWait_p.h"
+#include "platform/window/WinApp.h"
+#include "platform/window/WindowRecord_p.h"
+#include "platform/window/WindowTable_p.h"
+
+struct CDialog::Modal : ModalWait
+{
+};
+
+namespace
+{
+
+std::shared_ptr<WindowRecord> RecordOf(const CWnd* window)
+{
+    return window ? WindowTable::Get().Find(window->GetSafeHwnd()) : nullptr;
+}
+
+// Makes the window for the object, up to the end of its OnInitDialog. Null if it cannot be made.
+std::shared_ptr<WindowRecord> Make(CDialog& dialog, UINT templateId, const CWnd* parent)
+{
+    auto record = BuildDialog(static_cast<int>(templateId), RecordOf(parent));
+    if (!record)
+        return nullptr;
+    record->Attach(dialog, true);
+    try
+    {
+        if (record->Send(WM_INITDIALOG, 0, 0) && !record->IsGone())
+            static_cast<DialogWidget&>(record->Peer()->Widget()).FocusFirstControl();
+    }
+    catch (...)
+    {
+        record->Destroy();
+        throw;
+    }
+    return record;
+}
+
+void ShowModal(WindowRecord& record)
+{
+    QWidget& widget = record.Peer()->Widget();
+    if (widget.parentWidget())
+        widget.setWindowModality(Qt::WindowModal);
+    widget.show();
+}
+
+} // namespace
+
+CDialog::CDialog(UINT templateId, CWnd* parent) : m_templateId(templateId), m_pParent(parent)
+{}
+
+CDialog::~CDialog()
+{
+    if (m_modal)
+        m_modal->End(-1);
+}
+
+INT_PTR CDialog::DoModal()
+{
+    const auto modal = std::make_shared<Modal>();
+    std::shared_ptr<WindowRecord> record;
+    RunOnDesktop([&] {
+        m_modal = modal;
+        record = Make(*this, m_templateId, m_pParent ? m_pParent : AfxGetMainWnd());
+        if (!record)
+            return;
+        record->SetModal(modal);
+        if (!record->IsGone() && !modal->HasEnded())
+            ShowModal(*record);
+    });
+    if (!record)
+        return -1;
+    const int result = modal->WaitForEnd();
+    RunOnDesktop([&] {
+        m_modal.reset();
+        record->Destroy();
+    });
+    if (!IsDesktopThread())
+        modal->WaitUntilGone();
+    return result;
+}
+
+BOOL CDialog::Create(UINT templateId, CWnd* parent)
+{
+    bool stands = false;
+    RunOnDesktop([&] {
+        m_templateId = templateId;
+        m_modal.reset();
+        const auto record = Make(*this, templateId, parent);
+        stands = record && !record->IsGone();
+    });
+    return stands;
+}
+
+void CDialog::EndDialog(int result)
+{
+    RunOnDesktop([&] {
+        const auto modal = m_modal;
+        ShowWindow(SW_HIDE);
+        if (modal)
+            modal->End(result);
+    });
+}
+
+BOOL CDialog::OnInitDialog()
+{
+    UpdateData(FALSE);
+    return TRUE;
+}
+
+void CDialog::OnOK()
+{
+    if (UpdateData(TRUE))
+        EndDialog(IDOK);
+}
+
+void CDialog::OnCancel()
+{
+    EndDialog(IDCANCEL);
+}
+
+const MessageMap& CDialog::GetMessageMap() const
+{
+    return StaticMessageMap();
+}
+
+const MessageMap& CDialog::StaticMessageMap()
+{
+    static const MessageMap map{&CWnd::StaticMessageMap(),
+                                {
+                                    OnCommand(IDOK, &CDialog::OnOK),
+                                    OnCommand(IDCANCEL, &CDialog::OnCancel),
+                                }};
+    return map;
+}
+
+LRESULT CDialog::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message)
+    {
+    case WM_INITDIALOG:
+        return OnInitDialog();
+    case WM_CLOSE:
+    {
+        const HWND button = GetDlgItem(IDCANCEL);
+        if (!button || ::IsWindowEnabled(button))
+            SendMessage(WM_COMMAND, IDCANCEL, ToLParam(button));
+        return 0;
+    }
+    default:
+        return CWnd::DefWindowProc(message, wParam, lParam);
+    }
+}

@@ -1,0 +1,124 @@
+#include "platform/window/TopLevelPeer_p.h"
+
+#include "platform/window/Calls.h"
+#include "platform/window/MenuPopup_p.h"
+#include "platform/window/Picture_p.h"
+#include "platform/window/WindowRecord_p.h"
+
+#include <QScreen>
+
+namespace
+{
+
+CMenu MakeSystemMenu(bool minimizeBox)
+{
+    CMenu menu;
+    menu.AppendMenu(MF_STRING, SC_RESTORE, "&Restore");
+    if (minimizeBox)
+        menu.AppendMenu(MF_STRING, SC_MINIMIZE, "Mi&nimize");
+    menu.AppendMenu(MF_SEPARATOR);
+    menu.AppendMenu(MF_STRING, SC_CLOSE, "&Close\tAlt+F4");
+    return menu;
+}
+
+// Moves the area into the screen's, its top and left before all.
+QPoint OnScreen(QRect area, const QRect& screen)
+{
+    area.moveRight(qMin(area.right(), screen.right()));
+    area.moveBottom(qMin(area.bottom(), screen.bottom()));
+    area.moveLeft(qMax(area.left(), screen.left()));
+    area.moveTop(qMax(area.top(), screen.top()));
+    return area.topLeft();
+}
+
+} // namespace
+
+void TopLevelPeer::ShowText(const QString& text)
+{
+    Widget().setWindowTitle(text);
+}
+
+LRESULT TopLevelPeer::Default(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message)
+    {
+    case WM_CLOSE:
+        m_record->Destroy();
+        return 0;
+    case WM_SYSCOMMAND:
+        return SystemCommand(static_cast<UINT>(wParam) & 0xFFF0);
+    case WM_SETICON:
+        return SetIcon(wParam == ICON_BIG, {static_cast<std::uint32_t>(lParam)});
+    case WM_QUERYDRAGICON:
+        return m_bigIcon.resource;
+    default:
+        return 0;
+    }
+}
+
+CMenu* TopLevelPeer::SystemMenu(bool revert)
+{
+    if (m_systemMenu && revert)
+        *m_systemMenu = MakeSystemMenu(m_minimizeBox);
+    return m_systemMenu.get();
+}
+
+void TopLevelPeer::EnableSystemMenu(bool minimizeBox)
+{
+    m_minimizeBox = minimizeBox;
+    m_systemMenu = std::make_unique<CMenu>(MakeSystemMenu(minimizeBox));
+}
+
+void TopLevelPeer::PopUpSystemMenu(const QPoint& globalPosition)
+{
+    const auto record = m_record;
+    const bool iconic = Widget().isMinimized();
+    m_systemMenu->EnableMenuItem(SC_RESTORE, iconic ? MF_ENABLED : MF_GRAYED);
+    m_systemMenu->EnableMenuItem(SC_MINIMIZE, iconic ? MF_GRAYED : MF_ENABLED);
+    if (const UINT chosen = RunPopupMenu(*m_systemMenu, globalPosition, &Widget()))
+        record->SendFromToolkit(WM_SYSCOMMAND, chosen, 0);
+}
+
+void TopLevelPeer::CenterOver(QWidget* reference)
+{
+    m_centerOver = reference && !reference->isVisible() ? reference : nullptr;
+    QWidget& widget = Widget();
+    const bool usable = reference && reference->isVisible() && !reference->isMinimized();
+    const QRect screen = (usable ? reference : &widget)->screen()->availableGeometry();
+    QRect area(QPoint(), widget.size());
+    area.moveCenter(usable ? QRect(reference->mapToGlobal(QPoint()), reference->size()).center() : screen.center());
+    widget.move(OnScreen(area, screen));
+}
+
+void TopLevelPeer::CenterIfAsked()
+{
+    if (QWidget* reference = m_centerOver)
+        CenterOver(reference);
+}
+
+LRESULT TopLevelPeer::SetIcon(bool big, HICON icon)
+{
+    const HICON before = std::exchange(big ? m_bigIcon : m_smallIcon, icon);
+    // The toolkit knows one icon, which has all sizes.
+    Widget().setWindowIcon(PictureIcon(static_cast<int>((m_bigIcon ? m_bigIcon : m_smallIcon).resource)));
+    return before.resource;
+}
+
+bool TopLevelPeer::SystemCommand(UINT command)
+{
+    const HWND window = m_record->Handle();
+    switch (command)
+    {
+    case SC_CLOSE:
+        SendMessageA(window, WM_CLOSE, 0, 0);
+        return false;
+    case SC_MINIMIZE:
+        ShowWindow(window, SW_MINIMIZE);
+        return false;
+    case SC_RESTORE:
+        ShowWindow(window, SW_RESTORE);
+        return false;
+    default:
+        return false;
+    }
+}
