@@ -91,8 +91,9 @@ bool TaskQueue::Call(const Task& task)
         return true;
     }
     const auto call = std::make_shared<PendingCall>();
-    // The caller waits, so its task may be taken by reference.
-    const auto run = [&task, ticket = std::make_shared<Ticket>(call)] {
+    // The caller waits, so its task may be taken by reference. The ticket goes with the queued task alone: a copy kept
+    // here would keep a dropped call waiting.
+    Task run = [&task, ticket = std::make_shared<Ticket>(call)] {
         try
         {
             task();
@@ -103,7 +104,7 @@ bool TaskQueue::Call(const Task& task)
             ticket->call->Finish(true, std::current_exception());
         }
     };
-    return Post(run) && call->Wait();
+    return Post(std::move(run)) && call->Wait();
 }
 
 void TaskQueue::Close()

@@ -147,14 +147,24 @@ TEST_F(WorkerTest, WaitFromInsideAServedTask)
 
 TEST_F(WorkerTest, ClosedQueueFailsItsCallers)
 {
-    std::atomic<bool> result = true;
-    std::function<void()> body = [&] { result = m_queue.Call([&] { FAIL() << "ran"; }); };
-    const auto thread = Start(body);
-    // Not served meanwhile, so the call is either waiting or still to come.
-    m_queue.Close();
-    thread->Wait();
-    EXPECT_FALSE(result);
-    EXPECT_FALSE(m_queue.Post([] {}));
+    // The close meets a call that waits in some rounds and one still to come in others.
+    for (int round = 0; round < 200; ++round)
+    {
+        TaskQueue queue;
+        std::atomic<bool> calling = false;
+        bool result = true;
+        std::function<void()> body = [&] {
+            calling = true;
+            result = queue.Call([&] { ADD_FAILURE() << "ran"; });
+        };
+        const auto thread = Start(body);
+        for (int turns = round; !calling || turns > 0; --turns)
+            std::this_thread::yield();
+        queue.Close();
+        thread->Wait();
+        EXPECT_FALSE(result);
+        EXPECT_FALSE(queue.Post([] {}));
+    }
 }
 
 TEST_F(WorkerTest, CancelReachesItsThreadAlone)
