@@ -242,6 +242,13 @@ MAIN_WINDOW = 'Vantroy'
 RUN_ENDED = 'Download complete!'
 
 
+def leave_program(screen, program):
+    """Exit from the main window; the program's status."""
+    screen.press(MAIN_WINDOW, 'alt+e')
+    wait_for(lambda: program.poll() is not None, 'the program to leave')
+    return program.returncode
+
+
 def download_all(screen, program, seconds=300):
     """Does a run by the keyboard, from the main window on show to its exit."""
     screen.press(MAIN_WINDOW, 'alt+d')
@@ -256,5 +263,4 @@ def download_all(screen, program, seconds=300):
 
     wait_for(ended, 'the end of the run', seconds)
     screen.leave(RUN_ENDED, 'Escape')
-    screen.press(MAIN_WINDOW, 'alt+e')
-    return program.wait(30)
+    return leave_program(screen, program)
