@@ -1,8 +1,6 @@
 #include "app/VantroyApp.h"
 #include "resources/Resources.h"
 
-#include "platform/browser/Browsers.h"
-
 namespace
 {
 
@@ -13,8 +11,5 @@ CVantroyApp theApp;
 int main(int argc, char** argv)
 {
     AfxSetResources(VantroyResources());
-    RegisterBrowsers();
-    const int status = AfxWinMain(argc, argv);
-    CloseBrowsers();
-    return status;
+    return AfxWinMain(argc, argv);
 }

@@ -4,6 +4,7 @@
 #include "app/RunMode.h"
 #include "resources/ResourceIds.h"
 
+#include "platform/browser/Browsers.h"
 #include "platform/com/Com.h"
 #include "platform/system/CommandLine.h"
 #include "platform/window/Resource.h"
@@ -13,6 +14,7 @@ BOOL CVantroyApp::InitInstance()
     AfxEnableControlContainer();
     Enable3dControls();
     CoInitialize(nullptr);
+    RegisterBrowsers();
     if (RunModeOf(GetCommandLineA()) == RunMode::Plain)
         RunMainDialog();
     else
@@ -30,6 +32,7 @@ void CVantroyApp::RunMainDialog()
 
 int CVantroyApp::ExitInstance()
 {
+    CloseBrowsers();
     CoUninitialize();
     return CWinApp::ExitInstance();
 }

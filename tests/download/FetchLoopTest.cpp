@@ -311,13 +311,12 @@ TEST(FetchLoop, ShowsEachItemInTheProgressWindow)
             shows("Download From:", "127.0.0.1");
             shows("Download File:", "/x/big.jpg?size=2");
             robot.WaitUntil([&robot] { return robot.ProgressPercent() == 25; }, "a quarter");
+            robot.WaitUntil([&robot] { return robot.IsShown("25% Complete"); }, "the percent");
             EXPECT_TRUE(robot.IsShown("4000000 Bytes"));
-            EXPECT_TRUE(robot.IsShown("25% Complete"));
             run.m_server.Release();
             robot.WaitForWindow("Download complete!");
+            robot.WaitUntil([&robot] { return robot.IsShown("OK") && !robot.IsShown("Cancel Current"); }, "the end");
             EXPECT_TRUE(robot.IsShown("100% Complete"));
-            EXPECT_TRUE(robot.IsShown("OK"));
-            EXPECT_FALSE(robot.IsShown("Cancel Current"));
             done = true;
         });
     // A filtered item: where its copy lies, its name with the word joined to it, no size, all done.
@@ -334,9 +333,12 @@ TEST(FetchLoop, ShowsEachItemInTheProgressWindow)
         },
         [&](Robot& robot) {
             robot.WaitUntil([&done] { return done.load(); }, "the end of the run");
-            EXPECT_EQ(robot.Text("Download From:"), run.m_home.Path("cache/0"));
-            EXPECT_EQ(robot.Text("Download File:"), "copy.jpgFiltered.");
-            EXPECT_TRUE(robot.IsShown("0 Bytes"));
+            const auto shows = [&robot](const std::string& name, const std::string& text) {
+                robot.WaitUntil([&] { return robot.Text(name) == text; }, text);
+            };
+            shows("Download From:", run.m_home.Path("cache/0"));
+            shows("Download File:", "copy.jpgFiltered.");
+            robot.WaitUntil([&robot] { return robot.IsShown("0 Bytes"); }, "the size");
             EXPECT_TRUE(robot.IsShown("100% Complete"));
         });
     window->DestroyWindow();

@@ -81,7 +81,7 @@ private:
     }
     void OnFileStored(const std::string& url, const std::string& path) override
     {
-        m_stored.push_back(url + " -> " + path.substr(m_home.Path("Download/").size()));
+        m_stored.push_back(url + " -> " + path.substr(path.rfind('/') + 1));
     }
     void OnFetchEnds() override
     {
