@@ -1,5 +1,6 @@
 #include "platform/shell/Shell.h"
 
+#include "platform/files/NativePath_p.h"
 #include "platform/system/LastError.h"
 
 #include <cstring>
@@ -35,7 +36,7 @@ std::string TargetOf(const char* file)
     if (IsAddress(file))
         return file;
     std::error_code error;
-    const auto path = std::filesystem::absolute(file, error);
+    const auto path = std::filesystem::absolute(NativePath(file), error);
     return !error && std::filesystem::exists(path, error) ? path.string() : std::string();
 }
 

@@ -6,6 +6,7 @@
 #include "platform/window/WindowRecord_p.h"
 #include "platform/window/WindowTable_p.h"
 
+#include <QApplication>
 #include <QWidget>
 
 namespace
@@ -40,6 +41,18 @@ bool IsEnabled(const QWidget& widget)
     return widget.isWindow() ? widget.isEnabled() : widget.isEnabledTo(widget.parentWidget());
 }
 
+// Whether a modal window stands over it.
+bool IsBlocked(const QWidget& window)
+{
+    for (const QWidget* modal : QApplication::topLevelWidgets())
+    {
+        if (modal->isVisible() && modal->isModal() && modal != &window && modal->parentWidget() &&
+            (modal->parentWidget()->window() == &window || window.isAncestorOf(modal)))
+            return true;
+    }
+    return false;
+}
+
 void Show(WindowRecord& record, int command)
 {
     QWidget& widget = record.Peer()->Widget();
@@ -64,7 +77,7 @@ void Show(WindowRecord& record, int command)
 
 bool IsWindow(HWND window)
 {
-    return Find(window) != nullptr;
+    return WindowTable::Get().Contains(window);
 }
 
 bool IsWindowVisible(HWND window)
@@ -74,7 +87,8 @@ bool IsWindowVisible(HWND window)
 
 bool IsWindowEnabled(HWND window)
 {
-    return WithWidget(window, [](QWidget& widget) { return IsEnabled(widget); });
+    return WithWidget(window,
+                      [](QWidget& widget) { return IsEnabled(widget) && !(widget.isWindow() && IsBlocked(widget)); });
 }
 
 bool IsIconic(HWND window)

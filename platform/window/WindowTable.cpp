@@ -27,25 +27,31 @@ WindowTable& WindowTable::Get()
     return table;
 }
 
+bool WindowTable::Contains(HWND window) const
+{
+    const std::size_t slot = SlotOf(window);
+    return slot < kMostWindows && GenerationOf(window) != 0 &&
+           m_live[slot].load(std::memory_order_acquire) == GenerationOf(window);
+}
+
 HWND WindowTable::Add(std::shared_ptr<WindowRecord> record)
 {
     const std::lock_guard lock(m_mutex);
     auto slot = std::find_if(m_slots.begin(), m_slots.end(), [](const Slot& s) { return !s.record; });
     if (slot == m_slots.end())
         slot = m_slots.insert(slot, Slot());
+    const auto index = static_cast<std::size_t>(slot - m_slots.begin());
     slot->record = std::move(record);
-    ++slot->generation;
-    return {static_cast<std::uint64_t>(slot->generation) << 32 |
-            static_cast<std::uint64_t>(slot - m_slots.begin() + 1)};
+    m_live.at(index).store(++slot->generation, std::memory_order_release);
+    return {static_cast<std::uint64_t>(slot->generation) << 32 | (index + 1)};
 }
 
 std::shared_ptr<WindowRecord> WindowTable::Find(HWND window) const
 {
-    const std::lock_guard lock(m_mutex);
-    const std::size_t slot = SlotOf(window);
-    if (slot >= m_slots.size() || m_slots[slot].generation != GenerationOf(window))
+    if (!Contains(window))
         return nullptr;
-    return m_slots[slot].record;
+    const std::lock_guard lock(m_mutex);
+    return Contains(window) ? m_slots[SlotOf(window)].record : nullptr;
 }
 
 void WindowTable::Remove(HWND window)
@@ -53,9 +59,10 @@ void WindowTable::Remove(HWND window)
     // What the record's last holder frees, it frees without the lock.
     std::shared_ptr<WindowRecord> removed;
     const std::lock_guard lock(m_mutex);
-    const std::size_t slot = SlotOf(window);
-    if (slot < m_slots.size() && m_slots[slot].generation == GenerationOf(window))
-        removed.swap(m_slots[slot].record);
+    if (!Contains(window))
+        return;
+    m_live[SlotOf(window)].store(0, std::memory_order_release);
+    removed.swap(m_slots[SlotOf(window)].record);
 }
 
 std::vector<std::shared_ptr<WindowRecord>> WindowTable::All() const
