@@ -12,18 +12,18 @@ using enum ControlClass;
 // The list takes the two columns of 200 and 400 pixels at the usual desktop font; the buttons stand in pairs of what
 // belongs together. The two hidden buttons share the place above Exit.
 constexpr ControlTemplate kMain[] = {
-    {Picture, IDC_STATIC, 0, 0, 404, 34, CS_NOTAB, "", "Vantroy", IDB_BANNER},
-    {Label, IDC_STATIC, 7, 41, 308, 9, CS_NOTAB, "Current Browser Windows List:"},
-    {ListView, IDC_WINDOW_LIST, 7, 52, 311, 163},
-    {Button, IDC_REFRESH, 325, 52, 72, 15, CS_NONE, "&Refresh List"},
-    {Button, IDC_DOWNLOAD, 325, 70, 72, 15, CS_DEFAULT, "&Download Now"},
-    {Button, IDC_OPEN_FOLDER, 325, 95, 72, 15, CS_NONE, "&Open Folder"},
-    {Button, IDC_HISTORY, 325, 113, 72, 15, CS_NONE, "View &History"},
-    {Button, IDC_ALBUM, 325, 178, 72, 15, CS_HIDDEN, "&Album..."},
-    {Button, IDC_ADVANCED, 325, 178, 72, 15, CS_HIDDEN, "Ad&vanced..."},
-    {Button, IDC_SETUP, 325, 138, 72, 15, CS_NONE, "&Setup..."},
-    {Button, IDC_HELP_MENU, 325, 156, 72, 15, CS_NONE, "&Help"},
-    {Button, IDCANCEL, 325, 200, 72, 15, CS_NONE, "&Exit"},
+    {Picture, IDC_STATIC, 0, 0, 440, 36, CS_NOTAB, "", "Vantroy", IDB_BANNER},
+    {Label, IDC_STATIC, 7, 43, 347, 9, CS_NOTAB, "Current Browser Windows List:"},
+    {ListView, IDC_WINDOW_LIST, 7, 54, 347, 163},
+    {Button, IDC_REFRESH, 361, 54, 72, 15, CS_NONE, "&Refresh List"},
+    {Button, IDC_DOWNLOAD, 361, 72, 72, 15, CS_DEFAULT, "&Download Now"},
+    {Button, IDC_OPEN_FOLDER, 361, 97, 72, 15, CS_NONE, "&Open Folder"},
+    {Button, IDC_HISTORY, 361, 115, 72, 15, CS_NONE, "View &History"},
+    {Button, IDC_ALBUM, 361, 180, 72, 15, CS_HIDDEN, "&Album..."},
+    {Button, IDC_ADVANCED, 361, 180, 72, 15, CS_HIDDEN, "Ad&vanced..."},
+    {Button, IDC_SETUP, 361, 140, 72, 15, CS_NONE, "&Setup..."},
+    {Button, IDC_HELP_MENU, 361, 158, 72, 15, CS_NONE, "&Help"},
+    {Button, IDCANCEL, 361, 202, 72, 15, CS_NONE, "&Exit"},
 };
 
 constexpr ControlTemplate kProgress[] = {
@@ -45,7 +45,7 @@ constexpr ControlTemplate kProgress[] = {
 std::span<const DialogTemplate> DialogResources()
 {
     static constexpr DialogTemplate dialogs[] = {
-        {IDD_MAIN, 404, 222, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kMain},
+        {IDD_MAIN, 440, 224, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kMain},
         {IDD_PROGRESS, 280, 117, DS_SYSMENU, "Vantroy", kProgress},
     };
     return dialogs;

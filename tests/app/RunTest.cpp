@@ -4,6 +4,7 @@
 #include "resources/ResourceIds.h"
 
 #include <atomic>
+#include <climits>
 #include <condition_variable>
 #include <mutex>
 
@@ -285,7 +286,7 @@ TEST_F(MainRun, StartsAndLeavesManyTimes)
     for (int round = 0; round < 200; ++round)
     {
         m_whenShowing = nullptr;
-        std::atomic<int> calls = 0;
+        std::atomic<int> calls = INT_MIN; // until the run begins
         const auto leaveAt = [&calls, round, this] {
             if (++calls == round % 40 + 1)
                 PostMessageA(m_window, WM_CLOSE, 0, 0);

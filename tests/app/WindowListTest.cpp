@@ -114,8 +114,8 @@ TEST_F(WindowList, StaysWithoutColumnsWhenTheStartFails)
         robot.WaitForWindow(kMainWindow);
         robot.WaitUntil([&robot] { return robot.FocusName() != "OK"; }, "the box to go");
         EXPECT_TRUE(robot.Columns().empty());
-        robot.Press("Refresh List");
         robot.Press("Download Now");
+        robot.Press("Refresh List");
         EXPECT_TRUE(robot.StaysFalse([&robot] { return robot.RowCount() > 0 || robot.Windows().size() > 1; },
                                      Robot::Milliseconds(100)));
     };
@@ -147,7 +147,7 @@ TEST_F(WindowList, EverythingIsWithinReachOfTheKeyboard)
                                "View History", "Setup...", "Help", "Exit", "Current Browser Windows List:"}));
         EXPECT_FALSE(robot.IsShown("Album..."));
         EXPECT_FALSE(robot.IsShown("Advanced..."));
-        robot.Key("Alt+H");
+        robot.Press("Help");
         EXPECT_EQ(robot.MenuEntries(), (Names{"User Manual", "-", "Check for New Version...", "-",
                                               "Visit Vantroy Home Page", "E-Mail Support", "-", "About"}));
         robot.CloseMenu();
