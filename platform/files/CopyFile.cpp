@@ -14,7 +14,7 @@
 namespace
 {
 
-constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::size_t kBlock = std::size_t{64} * 1024;
 
 // Hidden, and of no other copy of this or another process.
 std::string NameBeside(const std::string& target)

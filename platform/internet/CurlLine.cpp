@@ -11,7 +11,7 @@
 namespace
 {
 
-constexpr long kReceiveBuffer = 256 * 1024;
+constexpr long kReceiveBuffer = 64L * 1024; // stays in the cache between receiving and reading
 
 template <auto Function>
 struct FreedBy

@@ -49,7 +49,7 @@ public:
     HINTERNET Add(std::shared_ptr<InternetHandle> object)
     {
         const std::lock_guard lock(m_mutex);
-        const auto handle = reinterpret_cast<HINTERNET>(++m_last);
+        const auto handle = reinterpret_cast<HINTERNET>(++m_last); // NOLINT(performance-no-int-to-ptr)
         m_objects.emplace(handle, std::move(object));
         return handle;
     }

@@ -8,7 +8,7 @@ namespace
 {
 
 // Servers send a few hundred bytes; the interim heads of one response are counted together with its own.
-constexpr std::size_t kLongestHead = 256 * 1024;
+constexpr std::size_t kLongestHead = std::size_t{256} * 1024;
 
 std::string_view Trimmed(std::string_view text)
 {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <iconv.h>
 #include <iterator>
@@ -64,7 +65,7 @@ public:
 
     bool IsOpen() const
     {
-        return m_handle != reinterpret_cast<iconv_t>(-1);
+        return reinterpret_cast<std::intptr_t>(m_handle) != -1;
     }
 
     // Appends what can be converted of `input` and takes it away there; stops at the first character that cannot.
