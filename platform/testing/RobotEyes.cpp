@@ -23,6 +23,13 @@ bool IsAmong(const QWidget* window, const QWidget* ancestor)
     return false;
 }
 
+const QWidget* RootOf(const QWidget* window)
+{
+    while (window->parentWidget())
+        window = window->parentWidget();
+    return window;
+}
+
 bool IsOrdinaryWindow(const QWidget* window)
 {
     return window->isVisible() && window->windowType() != Qt::Popup && window->windowType() != Qt::ToolTip;
@@ -107,10 +114,13 @@ QWidget* WindowNamed(const std::string& title)
 
 bool IsBlocked(const QWidget* window)
 {
-    const QWidget* modal = QApplication::activeModalWidget();
-    if (!modal || IsAmong(window, modal))
-        return false;
-    return modal->windowModality() != Qt::WindowModal || IsAmong(modal, window);
+    for (const QWidget* modal : QApplication::topLevelWidgets())
+    {
+        const bool holds = modal->isVisible() && modal->isModal() && !IsAmong(window, modal);
+        if (holds && (modal->windowModality() == Qt::ApplicationModal || RootOf(window) == RootOf(modal)))
+            return true;
+    }
+    return false;
 }
 
 QString PlainCaption(QString text)

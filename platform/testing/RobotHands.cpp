@@ -26,6 +26,36 @@ std::function<void()> Step(QWindow* window, std::function<void(QWindow*)> input)
     };
 }
 
+// Input goes in where the platform hands it to the toolkit, and is handled before the call returns: should a message
+// loop run before that, then it is one of the program's.
+std::function<void()> MouseStep(QWindow* window, QPoint place, QEvent::Type type, Qt::MouseButton button)
+{
+    return Step(window, [=](QWindow* live) {
+        // The time between two clicks is never that of a double click.
+        constexpr int kBetweenClicks = 1000;
+        static int now = 0;
+        now += type == QEvent::MouseButtonPress ? kBetweenClicks : 1;
+        const auto held = type == QEvent::MouseButtonPress ? button : Qt::NoButton;
+        qt_handleMouseEvent(live, place, live->mapToGlobal(place), held, button, type, {}, now);
+    });
+}
+
+// What the key types, if it types anything.
+QString TypedText(QKeyCombination key)
+{
+    if (key.key() > Qt::Key_AsciiTilde || key.keyboardModifiers() & ~Qt::ShiftModifier)
+        return {};
+    const QString text = QChar(static_cast<char16_t>(key.key()));
+    return key.keyboardModifiers() ? text : text.toLower();
+}
+
+std::function<void()> KeyStep(QWindow* window, QKeyCombination key, QEvent::Type type)
+{
+    return Step(window, [=](QWindow* live) {
+        qt_handleKeyEvent(live, type, key.key(), key.keyboardModifiers(), TypedText(key));
+    });
+}
+
 // A desktop gives the front window the focus back when another one goes; off-screen nobody does.
 QWindow* ActivatedFrontWindow()
 {
@@ -77,9 +107,9 @@ std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point
     QCursor::setPos(window->mapToGlobal(place));
     QWindow* handle = window->windowHandle();
     return RobotStage::StartDelivery({
-        Step(handle, [place](QWindow* live) { QTest::mouseMove(live, place); }),
-        Step(handle, [place, button](QWindow* live) { QTest::mousePress(live, button, {}, place); }),
-        Step(handle, [place, button](QWindow* live) { QTest::mouseRelease(live, button, {}, place); }),
+        MouseStep(handle, place, QEvent::MouseMove, Qt::NoButton),
+        MouseStep(handle, place, QEvent::MouseButtonPress, button),
+        MouseStep(handle, place, QEvent::MouseButtonRelease, button),
     });
 }
 
@@ -93,8 +123,8 @@ std::shared_ptr<RobotStage::Delivery> Key(const std::string& keys)
     const QKeyCombination key = Parse(keys);
     QWindow* window = ActivatedFrontWindow();
     std::vector<std::function<void()>> steps = {
-        Step(window, [key](QWindow* live) { QTest::keyPress(live, key.key(), key.keyboardModifiers()); }),
-        Step(window, [key](QWindow* live) { QTest::keyRelease(live, key.key(), key.keyboardModifiers()); }),
+        KeyStep(window, key, QEvent::KeyPress),
+        KeyStep(window, key, QEvent::KeyRelease),
     };
     if (key.key() == Qt::Key_Menu)
         steps.insert(steps.begin() + 1, Step(window, &AskForContextMenu));

@@ -22,9 +22,18 @@ QAbstractItemView* ReadyList(const std::string& window)
     return list;
 }
 
+// Scrolling takes the list a turn of the event loop, after which the next look finds the cell at rest.
+void ScrollTo(QAbstractItemView* list, const QModelIndex& cell)
+{
+    if (list->viewport()->rect().contains(list->visualRect(cell).center()))
+        return;
+    list->scrollTo(cell);
+    throw RobotError("The list does not scroll to row " + std::to_string(cell.row()) + '.');
+}
+
 QPoint TickPoint(QAbstractItemView* list, const QModelIndex& cell)
 {
-    list->scrollTo(cell);
+    ScrollTo(list, cell);
     QStyleOptionViewItem option;
     option.initFrom(list);
     option.rect = list->visualRect(cell);
@@ -36,7 +45,7 @@ QPoint RowPoint(QAbstractItemView* list, int row)
 {
     if (row >= 0)
     {
-        list->scrollTo(CellOf(list, row, 0));
+        ScrollTo(list, CellOf(list, row, 0));
         return list->visualRect(CellOf(list, row, 0)).center();
     }
     const QPoint below(list->viewport()->width() / 2, list->viewport()->height() - 2);

@@ -1,0 +1,133 @@
+#include "TestDialog.h"
+
+namespace
+{
+
+class ListTest : public testing::Test
+{
+protected:
+    TestDialog m_dialog{IDD_LIST};
+    CListCtrl m_list;
+    std::vector<UINT> m_notes;
+    std::vector<int> m_rows; // of the changes
+
+    void SetUp() override
+    {
+        m_dialog.Open(IDD_LIST);
+        ASSERT_TRUE(m_list.SubclassDlgItem(IDC_LIST, &m_dialog));
+        EXPECT_EQ(m_list.SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES), 0u);
+        EXPECT_EQ(m_list.InsertColumn(0, "Title", 120), 0);
+        EXPECT_EQ(m_list.InsertColumn(1, "Address", 80), 1);
+        m_dialog.m_onNotify = [this](NMHDR& head) {
+            EXPECT_EQ(head.hwndFrom, m_list.m_hWnd);
+            EXPECT_EQ(head.idFrom, UINT_PTR{IDC_LIST});
+            m_notes.push_back(head.code);
+            if (head.code == LVN_ITEMCHANGED)
+                m_rows.push_back(reinterpret_cast<NMLISTVIEW&>(head).iItem);
+        };
+    }
+
+    void Fill(int rows)
+    {
+        for (int row = 0; row < rows; ++row)
+            m_list.InsertItem(row, "row " + std::to_string(row));
+        m_notes.clear();
+        m_rows.clear();
+    }
+
+    bool Noted(UINT code) const
+    {
+        return std::count(m_notes.begin(), m_notes.end(), code) > 0;
+    }
+};
+
+} // namespace
+
+TEST_F(ListTest, RowsAndColumnsStandWhereTheyWerePut)
+{
+    EXPECT_EQ(m_list.GetExtendedStyle(), LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+    EXPECT_EQ(m_list.InsertItem(0, "b"), 0);
+    EXPECT_EQ(m_list.InsertItem(0, "a"), 0);
+    EXPECT_EQ(m_list.InsertItem(99, "<i>c</i>"), 2);
+    EXPECT_TRUE(m_list.SetItemText(1, 1, "x"));
+    EXPECT_FALSE(m_list.SetItemText(3, 0, "x"));
+    EXPECT_EQ(m_list.GetItemText(1, 1), "x");
+    EXPECT_EQ(m_list.GetItemText(1, 7), "");
+    EXPECT_EQ(m_list.GetColumnCount(), 2);
+    const Robot robot;
+    EXPECT_EQ(robot.Columns(), (std::vector<std::string>{"Title", "Address"}));
+    EXPECT_EQ(robot.RowCount(), 3);
+    EXPECT_EQ(robot.Cell(0, 0) + robot.Cell(1, 0) + robot.Cell(1, 1) + robot.Cell(2, 0), "abx<i>c</i>");
+    EXPECT_TRUE(m_list.DeleteAllItems());
+    EXPECT_EQ(m_list.GetItemCount(), 0);
+    EXPECT_EQ(robot.RowCount(), 0);
+}
+
+TEST_F(ListTest, TicksComeFromMouseKeysAndProgram)
+{
+    Fill(4);
+    const Robot robot;
+    robot.Tick(2);
+    EXPECT_TRUE(m_list.GetCheck(2));
+    EXPECT_EQ(std::count(m_rows.begin(), m_rows.end(), 2), 1);
+    robot.Key("Home");
+    robot.Key("Down");
+    robot.Key("Space");
+    EXPECT_TRUE(m_list.GetCheck(1));
+    robot.Key("Space");
+    EXPECT_FALSE(m_list.GetCheck(1));
+    m_notes.clear();
+    EXPECT_TRUE(m_list.SetCheck(0));
+    EXPECT_TRUE(robot.IsTicked(0));
+    EXPECT_TRUE(Noted(LVN_ITEMCHANGED));
+    EXPECT_TRUE(m_list.SetCheck(0, FALSE));
+    EXPECT_FALSE(robot.IsTicked(0));
+    EXPECT_FALSE(m_list.SetCheck(9));
+    EXPECT_FALSE(m_list.GetCheck(9));
+}
+
+TEST_F(ListTest, ARightClickAnywhereAndTheMenuKeyAskForAMenu)
+{
+    Fill(2);
+    const Robot robot;
+    for (const int row : {1, -1})
+    {
+        m_notes.clear();
+        robot.RightClickList(row);
+        EXPECT_EQ(std::count(m_notes.begin(), m_notes.end(), NM_RCLICK), 1) << row;
+    }
+    m_notes.clear();
+    robot.Key("Menu");
+    EXPECT_TRUE(Noted(NM_RCLICK));
+}
+
+// Answering from another window's modal loop: the list may go while it tells of the click.
+TEST_F(ListTest, TheWindowCanGoInANotification)
+{
+    Fill(2);
+    m_dialog.m_onNotify = [this](NMHDR& head) {
+        if (head.code == NM_RCLICK)
+            m_dialog.DestroyWindow();
+    };
+    Robot().RightClickList(0);
+    EXPECT_FALSE(IsWindow(m_list.m_hWnd));
+    EXPECT_EQ(m_list.GetItemCount(), 0);
+}
+
+TEST_F(ListTest, ThousandsOfRowsAndAWorkerThatAddsToThem)
+{
+    constexpr int kRows = 5000;
+    Fill(kRows);
+    Worker worker([&] {
+        EXPECT_EQ(m_list.InsertItem(kRows, "the last"), kRows);
+        m_list.SetItemText(kRows, 1, "address");
+        m_list.SetCheck(kRows);
+    });
+    worker.Wait();
+    const Robot robot;
+    EXPECT_EQ(robot.RowCount(), kRows + 1);
+    EXPECT_EQ(robot.Cell(kRows, 0) + robot.Cell(kRows, 1), "the lastaddress");
+    EXPECT_TRUE(robot.IsTicked(kRows));
+    robot.Tick(kRows - 1);
+    EXPECT_TRUE(m_list.GetCheck(kRows - 1));
+}

@@ -1,0 +1,57 @@
+#include "TestDialog.h"
+
+#include "platform/window/Resource.h"
+
+#include <QApplication>
+#include <QFont>
+
+TEST(Resources, FaultsOfATableAreNamed)
+{
+    const auto label = ControlTemplate{ControlClass::Label, 0xFFFF, 0, 0, 9, 9};
+    const auto button = [](int id, DWORD style = CS_NONE) {
+        return ControlTemplate{ControlClass::Button, id, 0, 0, 9, 9, style};
+    };
+    const auto picture = ControlTemplate{ControlClass::Picture, 0xFFFF, 0, 0, 9, 9, CS_NONE, {}, {}, 555};
+    const struct
+    {
+        std::vector<ControlTemplate> controls;
+        const char* named; // null: sound
+    } rows[] = {
+        {{label, label, button(700), button(701, CS_DEFAULT)}, nullptr},
+        {{button(700), label, button(700)}, "700"},
+        {{button(700, CS_DEFAULT), button(701, CS_DEFAULT)}, "default"},
+        {{picture}, "555"},
+    };
+    for (const auto& row : rows)
+    {
+        const DialogTemplate dialog{100, 50, 50, DS_NONE, "x", row.controls};
+        ResourceTable table{};
+        table.dialogs = {&dialog, 1};
+        const std::string faults = CheckResources(table);
+        if (row.named)
+            EXPECT_NE(faults.find(row.named), std::string::npos) << faults;
+        else
+            EXPECT_EQ(faults, "");
+    }
+}
+
+TEST(Resources, TheLayoutFollowsTheFont)
+{
+    const QFont usual = QApplication::font();
+    for (const int points : {8, usual.pointSize(), 17, 30})
+    {
+        QFont font = usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        TestDialog form;
+        form.Open();
+        EXPECT_EQ(Robot().LayoutFaults(), "") << points;
+        TestDialog list;
+        list.Open(IDD_LIST);
+        CListCtrl rows;
+        rows.SubclassDlgItem(IDC_LIST, &list);
+        rows.InsertColumn(0, "Title", 150);
+        EXPECT_EQ(Robot().LayoutFaults("List"), "") << points;
+    }
+    QApplication::setFont(usual);
+}
