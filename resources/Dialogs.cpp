@@ -26,7 +26,10 @@ constexpr ControlTemplate kMain[] = {
     {Button, IDCANCEL, 361, 202, 72, 15, CS_NONE, "&Exit"},
 };
 
+// The buttons come first in Tab order: the window opens with the focus where a press does something.
 constexpr ControlTemplate kProgress[] = {
+    {Button, IDC_CANCEL_CURRENT, 125, 95, 72, 15, CS_NONE, "&Cancel Current"},
+    {Button, IDCANCEL, 201, 95, 72, 15, CS_DEFAULT, "Cancel &All"},
     {Label, IDC_STATIC, 7, 10, 58, 9, CS_NOTAB, "Download From:"},
     {Edit, IDC_TRANSFER_FROM, 67, 7, 206, 14, CS_READONLY},
     {Label, IDC_STATIC, 7, 29, 58, 9, CS_NOTAB, "Download File:"},
@@ -36,8 +39,6 @@ constexpr ControlTemplate kProgress[] = {
     {Label, IDC_STATIC, 7, 64, 58, 9, CS_NOTAB, "Progress:"},
     {ProgressBar, IDC_TRANSFER_BAR, 67, 62, 206, 12},
     {Label, IDC_TRANSFER_PERCENT, 67, 78, 206, 9, CS_NOTAB},
-    {Button, IDC_CANCEL_CURRENT, 125, 95, 72, 15, CS_NONE, "&Cancel Current"},
-    {Button, IDCANCEL, 201, 95, 72, 15, CS_DEFAULT, "Cancel &All"},
 };
 
 } // namespace

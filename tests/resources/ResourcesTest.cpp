@@ -1,0 +1,16 @@
+#include "resources/ResourceIds.h"
+#include "resources/Resources.h"
+
+#include <gtest/gtest.h>
+
+TEST(Resources, AreWithoutFault)
+{
+    EXPECT_EQ(CheckResources(VantroyResources()), "");
+}
+
+TEST(Resources, HaveATextForEachNumber)
+{
+    AfxSetResources(VantroyResources());
+    for (UINT id = IDS_ABOUT_SYSTEM; id <= IDS_NO_BATCH; ++id)
+        EXPECT_FALSE(AfxLoadString(id).empty()) << id;
+}
