@@ -11,14 +11,17 @@ namespace
 
 // An element named "images" hides document.images even in our world, so properties are read through the prototype.
 //
-// One text is cut at 64 K characters and all of them at 32 M: only data: addresses are that long, and one page must not
-// be able to fill the connection. For the same reason a million elements are enough.
+// Texts are carried whole, but all of one answer have 32 M characters: one page must not be able to fill the
+// connection. A text for which there is no room left is empty, never cut. For the same reason a million elements are
+// enough.
 constexpr const char* kHelpers = R"(
     const get = (type, name, object) => Object.getOwnPropertyDescriptor(type.prototype, name).get.call(object);
     let room = 33554432;
-    const cut = text =>
+    const carry = text =>
     {
-        text = String(text).slice(0, Math.min(65536, room));
+        text = String(text);
+        if (text.length > room)
+            return '';
         room -= text.length;
         return text;
     };
@@ -48,8 +51,8 @@ QString LookScript(int context)
 {
     return Wrapped("globalThis.vantroyMark = '" + Mark() + "'; const context = " + QString::number(context) + ";", R"(
         return {
-            url: cut(get(Document, 'URL', document)),
-            title: cut(get(Document, 'title', document)),
+            url: carry(get(Document, 'URL', document)),
+            title: carry(get(Document, 'title', document)),
             html: document instanceof HTMLDocument
                 || get(Document, 'contentType', document) === 'application/xhtml+xml',
             context
@@ -62,7 +65,7 @@ QString ImagesScript()
     static const QString script = OfMarkedDocument(R"(
         // An empty attribute names no image, but as an address it reads as that of the page.
         const source = i => i.currentSrc || ((i.getAttribute('src') || '').trim() ? i.src : '');
-        return all('images').map(i => [cut(source(i)), i.width, i.height]);
+        return all('images').map(i => [carry(source(i)), i.width, i.height]);
     )");
     return script;
 }
@@ -70,7 +73,7 @@ QString ImagesScript()
 QString LinksScript()
 {
     static const QString script =
-        OfMarkedDocument("return all('links').map(a => [cut(a.href), a instanceof HTMLAnchorElement]);");
+        OfMarkedDocument("return all('links').map(a => [carry(a.href), a instanceof HTMLAnchorElement]);");
     return script;
 }
 
