@@ -35,6 +35,13 @@ public:
         }
         return text;
     }
+
+    // Room for the grid's lines, so that they touch no letter.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        constexpr int kGridRoom = 4;
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kGridRoom);
+    }
 };
 
 } // namespace

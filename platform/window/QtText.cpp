@@ -10,6 +10,7 @@ namespace
 
 // A tip of a hostile page's making must not fill the screen or the memory.
 constexpr qsizetype kLongestTip = 2000;
+constexpr qsizetype kLongestLine = 120;
 
 // Rich text, because only that is wrapped; paths and addresses get places to wrap at.
 QString AsTip(const QString& text)
@@ -21,7 +22,9 @@ QString AsTip(const QString& text)
         if (c == u'/' || c == u';' || c == u'=' || c == u'_' || c == u'-' || c == u'%')
             tip += QChar(0x200B);
     }
-    return QStringLiteral("<p>") + tip + QStringLiteral("</p>");
+    const bool oneLine = text.size() <= kLongestLine;
+    return (oneLine ? QStringLiteral("<p style='white-space:pre'>") : QStringLiteral("<p>")) + tip +
+           QStringLiteral("</p>");
 }
 
 } // namespace

@@ -36,6 +36,8 @@ QPoint OnScreen(QRect area, const QRect& screen)
 void TopLevelPeer::ShowText(const QString& text)
 {
     Widget().setWindowTitle(text);
+    // The name that assistive technology reads while the window is minimised.
+    Widget().setWindowIconText(text);
 }
 
 LRESULT TopLevelPeer::Default(UINT message, WPARAM wParam, LPARAM lParam)
