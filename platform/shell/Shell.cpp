@@ -10,6 +10,7 @@
 #include <string_view>
 #include <strings.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -57,6 +58,19 @@ struct SpawnAttributes
     SpawnAttributes& operator=(const SpawnAttributes&) = delete;
 };
 
+// Takes the exit status, which would stay behind as a dead process otherwise.
+void Await(pid_t process)
+{
+    try
+    {
+        std::thread([process] { waitpid(process, nullptr, 0); }).detach();
+    }
+    catch (const std::system_error&)
+    {
+        // Without a thread to spare it stays until this process ends.
+    }
+}
+
 bool Start(const std::string& target)
 {
     std::string program = "xdg-open";
@@ -66,8 +80,7 @@ bool Start(const std::string& target)
     pid_t process = 0;
     if (posix_spawnp(&process, program.c_str(), nullptr, &attributes.value, arguments, environ) != 0)
         return false;
-    // Takes the exit status, which would stay behind as a dead process otherwise.
-    std::thread([process] { waitpid(process, nullptr, 0); }).detach();
+    Await(process);
     return true;
 }
 

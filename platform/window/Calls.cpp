@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -41,16 +43,20 @@ bool IsEnabled(const QWidget& widget)
     return widget.isWindow() ? widget.isEnabled() : widget.isEnabledTo(widget.parentWidget());
 }
 
-// Whether a modal window stands over it.
+bool HangsOn(const QWidget* window, const QWidget& owner)
+{
+    while (window && window != &owner)
+        window = window->parentWidget();
+    return window != nullptr;
+}
+
+// Whether a modal window stands over it, or over one that hangs on it.
 bool IsBlocked(const QWidget& window)
 {
-    for (const QWidget* modal : QApplication::topLevelWidgets())
-    {
-        if (modal->isVisible() && modal->isModal() && modal != &window && modal->parentWidget() &&
-            (modal->parentWidget()->window() == &window || window.isAncestorOf(modal)))
-            return true;
-    }
-    return false;
+    const auto windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [&window](const QWidget* other) {
+        return other != &window && other->isVisible() && other->isModal() && HangsOn(other, window);
+    });
 }
 
 void Show(WindowRecord& record, int command)

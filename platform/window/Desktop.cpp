@@ -2,6 +2,7 @@
 
 #include "platform/system/TaskQueue_p.h"
 #include "platform/window/FrameClock_p.h"
+#include "platform/window/MessageBox_p.h"
 #include "platform/window/QtText_p.h"
 #include "platform/window/Resource.h"
 #include "platform/window/WindowRecord_p.h"
@@ -74,6 +75,7 @@ Desktop::~Desktop()
     Core& core = *g_core;
     core.tasks.Close();
     core.clock.Stop();
+    DismissMessageBoxes();
     for (const auto& record : WindowTable::Get().All())
         record->Destroy();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

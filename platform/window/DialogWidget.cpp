@@ -99,7 +99,7 @@ void DialogWidget::paintEvent(QPaintEvent*)
 
 void DialogWidget::showEvent(QShowEvent* event)
 {
-    CenterIfAsked();
+    PlaceFirstTime();
     QDialog::showEvent(event);
 }
 

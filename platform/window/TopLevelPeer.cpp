@@ -5,6 +5,8 @@
 #include "platform/window/Picture_p.h"
 #include "platform/window/WindowRecord_p.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QScreen>
 
 namespace
@@ -31,6 +33,12 @@ QPoint OnScreen(QRect area, const QRect& screen)
     return area.topLeft();
 }
 
+QScreen* ScreenInUse()
+{
+    QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    return screen ? screen : QGuiApplication::primaryScreen();
+}
+
 } // namespace
 
 void TopLevelPeer::ShowText(const QString& text)
@@ -48,7 +56,9 @@ LRESULT TopLevelPeer::Default(UINT message, WPARAM wParam, LPARAM lParam)
         m_record->Destroy();
         return 0;
     case WM_SYSCOMMAND:
-        return SystemCommand(static_cast<UINT>(wParam) & 0xFFF0);
+        // The low four bits are the system's own.
+        SystemCommand(static_cast<UINT>(wParam) & 0xFFF0);
+        return 0;
     case WM_SETICON:
         return SetIcon(wParam == ICON_BIG, {static_cast<std::uint32_t>(lParam)});
     case WM_QUERYDRAGICON:
@@ -86,16 +96,20 @@ void TopLevelPeer::CenterOver(QWidget* reference)
     m_centerOver = reference && !reference->isVisible() ? reference : nullptr;
     QWidget& widget = Widget();
     const bool usable = reference && reference->isVisible() && !reference->isMinimized();
-    const QRect screen = (usable ? reference : &widget)->screen()->availableGeometry();
+    const QRect screen = (usable ? reference->screen() : ScreenInUse())->availableGeometry();
     QRect area(QPoint(), widget.size());
     area.moveCenter(usable ? QRect(reference->mapToGlobal(QPoint()), reference->size()).center() : screen.center());
     widget.move(OnScreen(area, screen));
 }
 
-void TopLevelPeer::CenterIfAsked()
+void TopLevelPeer::PlaceFirstTime()
 {
-    if (QWidget* reference = m_centerOver)
-        CenterOver(reference);
+    // Where it has no place, the toolkit would guess one that may leave the title bar off a small screen.
+    const QWidget& widget = Widget();
+    if (m_centerOver)
+        CenterOver(m_centerOver);
+    else if (!widget.testAttribute(Qt::WA_Moved))
+        CenterOver(widget.parentWidget());
 }
 
 LRESULT TopLevelPeer::SetIcon(bool big, HICON icon)
@@ -106,21 +120,13 @@ LRESULT TopLevelPeer::SetIcon(bool big, HICON icon)
     return before.resource;
 }
 
-bool TopLevelPeer::SystemCommand(UINT command)
+void TopLevelPeer::SystemCommand(UINT command)
 {
     const HWND window = m_record->Handle();
-    switch (command)
-    {
-    case SC_CLOSE:
+    if (command == SC_CLOSE)
         SendMessageA(window, WM_CLOSE, 0, 0);
-        return false;
-    case SC_MINIMIZE:
+    else if (command == SC_MINIMIZE)
         ShowWindow(window, SW_MINIMIZE);
-        return false;
-    case SC_RESTORE:
+    else if (command == SC_RESTORE)
         ShowWindow(window, SW_RESTORE);
-        return false;
-    default:
-        return false;
-    }
 }

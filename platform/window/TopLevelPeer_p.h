@@ -34,12 +34,12 @@ protected:
         return m_systemMenu != nullptr;
     }
     void PopUpSystemMenu(const QPoint& globalPosition);
-    // To be called when the window is shown.
-    void CenterIfAsked();
+    // To be called when the window is shown: gives it its place if nobody did.
+    void PlaceFirstTime();
 
 private:
     LRESULT SetIcon(bool big, HICON icon);
-    bool SystemCommand(UINT command);
+    void SystemCommand(UINT command);
 
     HICON m_bigIcon;
     HICON m_smallIcon;
