@@ -1,5 +1,7 @@
 // Whole runs of the main dialog, with its progress window open, beside the tools that people use for the same job, over
 // the same server. Prints a Markdown table; each figure is the median of several rounds in turn.
+//
+// usage: bench_download [ROUNDS]
 
 #include "app/MainDlg.h"
 #include "resources/ResourceIds.h"
@@ -31,7 +33,6 @@ using Seconds = std::chrono::duration<double>;
 constexpr int kSmallFiles = 1000;
 constexpr std::size_t kSmallSize = 30 * 1024;
 constexpr std::size_t kBigSize = 300u << 20;
-constexpr int kRounds = 5;
 
 CWinApp theApp;
 
@@ -146,7 +147,8 @@ double TimeVantroy(const std::vector<std::string>& paths)
                       usleep(1000);
                   PostMessageA(dialog.m_window, WM_CLOSE, 0, 0);
               });
-    if (home.Files("Download").size() != paths.size() + 1)
+    // The run has entered the save folder, which goes with the home.
+    if (chdir("/") != 0 || home.Files("Download").size() != paths.size() + 1)
         throw std::runtime_error("the run did not bring every file");
     return Seconds(dialog.m_end - start).count();
 }
@@ -214,7 +216,7 @@ void PrintRow(const char* job, double own, double wget, double curl)
     std::printf("| %s | %.3f s | %s | %.3f s | %.2f |\n", job, own, wgetText.c_str(), curl, own / best);
 }
 
-void Run(const ServerProcess& server)
+void Run(const ServerProcess& server, int rounds)
 {
     std::vector<std::string> small;
     for (int number = 0; number < kSmallFiles; ++number)
@@ -223,7 +225,7 @@ void Run(const ServerProcess& server)
     std::vector<double> own, wget, curl, bigOwn, bigCurl;
     double base = 0;
     double peak = 0;
-    for (int round = 0; round < kRounds; ++round)
+    for (int round = 0; round < rounds; ++round)
     {
         own.push_back(TimeVantroy(small));
         wget.push_back(TimeWget(server, small));
@@ -250,8 +252,10 @@ int main(int argc, char** argv)
         StartTestDesktop(argc, argv);
         AfxSetResources(VantroyResources());
         CoInitialize(nullptr);
-        Run(server);
+        Run(server, argc > 1 ? std::atoi(argv[1]) : 5);
+        std::fflush(stdout);
         CoUninitialize();
+        StopTestDesktop();
         return 0;
     }
     catch (const std::exception& error)
