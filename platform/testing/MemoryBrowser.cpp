@@ -142,8 +142,7 @@ class MemoryImageElement : public MemoryObject<IHTMLImgElement>
 {
 public:
     MemoryImageElement(StatePtr state, MemoryImage image) : MemoryObject(std::move(state)), m_image(std::move(image))
-    {
-    }
+    {}
     HRESULT get_src(BSTR* src) override
     {
         return GetText("IHTMLImgElement::get_src", m_image.src, src);
@@ -165,8 +164,7 @@ class MemoryAnchor : public MemoryObject<IHTMLAnchorElement>
 {
 public:
     MemoryAnchor(StatePtr state, std::wstring href) : MemoryObject(std::move(state)), m_href(std::move(href))
-    {
-    }
+    {}
     HRESULT get_href(BSTR* href) override
     {
         return GetText("IHTMLAnchorElement::get_href", m_href, href);
@@ -182,8 +180,7 @@ class MemoryCollection : public MemoryObject<IHTMLElementCollection>
 public:
     MemoryCollection(StatePtr state, std::vector<Value> values)
         : MemoryObject(std::move(state)), m_values(std::move(values))
-    {
-    }
+    {}
     HRESULT get_length(LONG* length) override
     {
         return GetNumber("IHTMLElementCollection::get_length", static_cast<LONG>(m_values.size()), length);
@@ -208,8 +205,7 @@ class MemoryDocument : public MemoryObject<IHTMLDocument2>
 public:
     MemoryDocument(StatePtr state, WindowPtr window)
         : MemoryObject(std::move(state), window->kind != MemoryWindow::Kind::NotHtml), m_window(std::move(window))
-    {
-    }
+    {}
     HRESULT get_title(BSTR* title) override
     {
         return GetText("IHTMLDocument2::get_title", m_window->title, title);
@@ -246,8 +242,7 @@ class MemoryWindowObject : public MemoryObject<IWebBrowser2>
 public:
     MemoryWindowObject(StatePtr state, WindowPtr window)
         : MemoryObject(std::move(state), window->kind != MemoryWindow::Kind::Folder), m_window(std::move(window))
-    {
-    }
+    {}
     HRESULT get_Document(IDispatch** document) override
     {
         *document = nullptr;
@@ -316,14 +311,12 @@ private:
 
 MemoryBrowser::MemoryBrowser() : m_state(std::make_shared<State>())
 {
-    RegisterClassFactory(CLSID_ShellWindows,
-                         [state = m_state](CComPtr<IUnknown>& object)
-                         {
-                             const HRESULT result = state->Begin("CoCreateInstance");
-                             if (result == S_OK)
-                                 object = new MemoryShellWindows(state);
-                             return result;
-                         });
+    RegisterClassFactory(CLSID_ShellWindows, [state = m_state](CComPtr<IUnknown>& object) {
+        const HRESULT result = state->Begin("CoCreateInstance");
+        if (result == S_OK)
+            object = new MemoryShellWindows(state);
+        return result;
+    });
 }
 
 MemoryBrowser::~MemoryBrowser()

@@ -117,15 +117,12 @@ void Browser::Forget(const std::vector<Attached>& pages)
 
 void Browser::AskForLook(Connection& connection, const Attached& page)
 {
-    if (!page.session.isEmpty())
-        m_pages[page.session].Ask(connection, MakeWorld(page), LookIntoWorld(page.session));
+    m_pages[page.session].Ask(connection, MakeWorld(page), LookIntoWorld(page.session));
 }
 
 SeenPage Browser::TakeLook(const std::shared_ptr<Connection>& connection, const Attached& page)
 {
     SeenPage seen{E_FAIL, connection, page.session, 0, {}, {}, false};
-    if (page.session.isEmpty())
-        return seen;
     QJsonValue value;
     seen.result = TakeValue(m_pages[page.session].Answer(), value);
     if (seen.result == E_FAIL)

@@ -80,12 +80,16 @@ std::vector<PageResources> BrowserList::ReadResources()
 
 void BrowserList::Close()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        for (const auto& browser : m_browsers)
-            browser->Close();
-    }
+    CloseConnections();
     m_io->Stop();
+    CloseConnections(); // one that was made meanwhile
+}
+
+void BrowserList::CloseConnections()
+{
+    const std::lock_guard lock(m_mutex);
+    for (const auto& browser : m_browsers)
+        browser->Close();
 }
 
 } // namespace devtools

@@ -26,6 +26,7 @@ public:
 
 private:
     std::vector<std::shared_ptr<Browser>> Current();
+    void CloseConnections();
     template <class Action>
     HRESULT ForEachReached(const Action& action);
 

@@ -77,8 +77,8 @@ std::vector<Attached> Connection::Sessions() const
 {
     const std::lock_guard lock(m_mutex);
     std::vector<Attached> sessions;
-    for (const auto& [id, attached] : m_sessions)
-        sessions.push_back(attached);
+    for (const auto& [session, target] : m_sessions)
+        sessions.push_back({session, target});
     return sessions;
 }
 
@@ -139,14 +139,15 @@ QByteArray Connection::Enter(const Command& command, Request request)
 // What is no JSON is passed over: the call that it may have answered ends at its limit, the others go on.
 void Connection::Receive(const QString& text)
 {
-    const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
+    QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
     if (message.contains("id"))
-        OnReply(message.value("id").toInt(), message);
+        OnReply(message.value("id").toInt(), message.take("result"));
     else
         OnEvent(message.value("method").toString(), message);
 }
 
-void Connection::OnReply(int id, const QJsonObject& message)
+// The waiting thread gets the only reference to the value: who frees it is then no race between two threads.
+void Connection::OnReply(int id, QJsonValue result)
 {
     Request request;
     {
@@ -157,11 +158,11 @@ void Connection::OnReply(int id, const QJsonObject& message)
         request = std::move(found->second);
         m_requests.erase(found);
     }
-    if (!message.value("result").isObject())
+    if (!result.isObject())
         return request.pending->Finish({E_FAIL, {}});
-    const QJsonObject value = message.value("result").toObject();
+    QJsonObject value = std::exchange(result, {}).toObject();
     if (!request.next)
-        return request.pending->Finish({S_OK, value});
+        return request.pending->Finish({S_OK, std::move(value)});
     const Command command = request.next(value);
     const QByteArray next = Enter(command, {request.pending, command.session, nullptr});
     if (!next.isEmpty())
@@ -173,7 +174,7 @@ void Connection::OnEvent(const QString& method, const QJsonObject& message)
     const QString session = message.value("sessionId").toString();
     const QJsonObject params = message.value("params").toObject();
     if (method == "Target.attachedToTarget")
-        OnAttached(params, session);
+        OnAttached(params);
     else if (method == "Target.detachedFromTarget")
         OnDetached(params.value("sessionId").toString());
     else if (method == "Inspector.targetCrashed")
@@ -185,25 +186,19 @@ void Connection::OnEvent(const QString& method, const QJsonObject& message)
     }
 }
 
-void Connection::OnAttached(const QJsonObject& params, const QString& parent)
+void Connection::OnAttached(const QJsonObject& params)
 {
-    const QJsonObject target = params.value("targetInfo").toObject();
-    const QString session = params.value("sessionId").toString();
     const std::lock_guard lock(m_mutex);
-    m_sessions[session] = {session, parent, target.value("targetId").toString(), target.value("type").toString(),
-                           target.value("subtype").toString()};
+    m_sessions[params.value("sessionId").toString()] =
+        params.value("targetInfo").toObject().value("targetId").toString();
 }
 
 void Connection::OnDetached(const QString& session)
 {
     const std::lock_guard lock(m_mutex);
-    std::erase_if(m_sessions, [&](const auto& entry) {
-        if (entry.second.session != session && entry.second.parent != session)
-            return false;
-        m_crashed.erase(entry.first);
-        FailRequests(entry.first);
-        return true;
-    });
+    m_sessions.erase(session);
+    m_crashed.erase(session);
+    FailRequests(session);
 }
 
 // A crashed page answers nothing until it is loaded again.

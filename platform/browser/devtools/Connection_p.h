@@ -34,14 +34,11 @@ struct Command
 // does not wait for its turn on the calling thread.
 using NextCommand = std::function<Command(const QJsonObject& value)>;
 
-// A page or a tab that the browser has given us a session of.
+// A page that the browser has given us a session of.
 struct Attached
 {
     QString session;
-    QString parent; // the session of the tab that a page belongs to, empty for one attached by its own target
     QString target;
-    QString type;
-    QString subtype; // not empty for a page that is not on show, such as "prerender"
 };
 
 class Connection
@@ -79,9 +76,9 @@ private:
     void Transmit(const QByteArray& message);
     QByteArray Enter(const Command& command, Request request);
     void Receive(const QString& message);
-    void OnReply(int id, const QJsonObject& message);
+    void OnReply(int id, QJsonValue result);
     void OnEvent(const QString& method, const QJsonObject& message);
-    void OnAttached(const QJsonObject& params, const QString& parent);
+    void OnAttached(const QJsonObject& params);
     void OnDetached(const QString& session);
     void OnCrashed(const QString& session);
     void FailRequests(const QString& session);
@@ -95,7 +92,7 @@ private:
     bool m_open = false;
     int m_lastId = 0;
     std::map<int, Request> m_requests;
-    std::map<QString, Attached> m_sessions;
+    std::map<QString, QString> m_sessions; // the target by session
     std::set<QString> m_crashed;
 };
 

@@ -9,7 +9,7 @@ namespace devtools
 {
 
 // Window after window in the order in which they were opened, in each the pages by their place in the tab strip; then
-// pages that stand in no tab. Attaches to those that are new. A tab without a page for the moment has an empty session.
+// pages that stand in no tab. Attaches to those that are new.
 HRESULT ListPages(Connection& browser, Deadline deadline, std::vector<Attached>& pages);
 
 } // namespace devtools

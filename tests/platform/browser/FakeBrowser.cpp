@@ -17,11 +17,10 @@ QString TextOf(const QJsonObject& message)
     return QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact));
 }
 
-QString AttachedEvent(const QString& parent, const QString& target, const QString& type)
+QString AttachedEvent(const QString& target)
 {
-    const QJsonObject info{{"targetId", target}, {"type", type}};
+    const QJsonObject info{{"targetId", target}, {"type", "page"}};
     return TextOf({{"method", "Target.attachedToTarget"},
-                   {"sessionId", parent},
                    {"params", QJsonObject{{"sessionId", "s-" + target}, {"targetInfo", info}}}});
 }
 
@@ -116,11 +115,9 @@ void FakeBrowser::OnRequest(const QJsonObject& request, const Send& send) const
     else if (method == "Target.attachToTarget")
     {
         const QString target = request.value("params").toObject().value("targetId").toString();
-        send(AttachedEvent({}, target, "tab"));
+        send(AttachedEvent(target));
         result = {{"sessionId", "s-" + target}};
     }
-    else if (method == "Target.setAutoAttach")
-        send(AttachedEvent(session, "page" + session.mid(5), "page"));
     else if (method == "Browser.getWindowForTarget")
         result = {{"windowId", 1}};
     else if (method == "Page.createIsolatedWorld")
@@ -134,16 +131,25 @@ void FakeBrowser::OnRequest(const QJsonObject& request, const Send& send) const
     send(Reply(request, result));
 }
 
-// The list of targets is not in the order of the tab strip.
+// The list of targets is not in the order of the tab strip; a tab is known from its page by title and address.
 QJsonObject FakeBrowser::Targets() const
 {
     QJsonArray targets;
     for (int i = 0; i < static_cast<int>(m_titles.size()); ++i)
     {
-        const QString number = QString::number(i);
-        targets.prepend(QJsonObject{{"targetId", "page" + number}, {"type", "page"}});
-        targets.prepend(QJsonObject{
-            {"targetId", "tab" + number}, {"type", "tab"}, {"embedderData", QJsonObject{{"tabStripIndex", i}}}});
+        QJsonObject target{{"targetId", "page" + QString::number(i)},
+                           {"type", "page"},
+                           {"title", QString::fromStdString(m_titles[static_cast<std::size_t>(i)])},
+                           {"url", "http://x/"}};
+        targets.prepend(target);
+        target["targetId"] = "tab" + QString::number(i);
+        target["type"] = "tab";
+        target["embedderData"] = QJsonObject{{"tabStripIndex", i}};
+        targets.append(target);
     }
+    for (const char* hidden : {"iframe", "service_worker", "browser_ui"})
+        targets.prepend(QJsonObject{{"targetId", hidden}, {"type", hidden}});
+    targets.prepend(QJsonObject{{"targetId", "tools"}, {"type", "page"}, {"url", "devtools://devtools/x.html"}});
+    targets.prepend(QJsonObject{{"targetId", "early"}, {"type", "page"}, {"subtype", "prerender"}});
     return {{"targetInfos", targets}};
 }

@@ -28,7 +28,7 @@ bool IsFor(const QJsonObject& request, const char* method, const char* session)
 
 bool WaitUntil(const std::function<bool()>& condition)
 {
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    const auto deadline = std::chrono::steady_clock::now() + 60s;
     while (!condition() && std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(1ms);
     return condition();
@@ -112,7 +112,7 @@ TEST(FakeBrowser, CrashedAndClosedPagesFailTheirCallsAlone)
         if (IsFor(request, "Page.createIsolatedWorld", "s-page0"))
             send(R"({"method": "Inspector.targetCrashed", "sessionId": "s-page0", "params": {}})");
         else if (IsFor(request, "Page.createIsolatedWorld", "s-page1"))
-            send(R"({"method": "Target.detachedFromTarget", "params": {"sessionId": "s-tab1"}})");
+            send(R"({"method": "Target.detachedFromTarget", "params": {"sessionId": "s-page1"}})");
         else
             return false;
         return true;

@@ -28,7 +28,7 @@ const std::string kGif("GIF89a\1\0\1\0\x80\0\0\xFF\xFF\xFF\0\0\0!\xF9\4\1\0\0\0\
 
 bool WaitUntil(const std::function<bool()>& condition)
 {
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    const auto deadline = std::chrono::steady_clock::now() + 60s;
     while (!condition() && std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(10ms);
     return condition();
@@ -150,14 +150,14 @@ TEST_F(RealBrowserTest, ImagesAndLinksInDocumentOrder)
     EXPECT_EQ(length, 3);
 }
 
-TEST_F(RealBrowserTest, HugeTextsAreCutAndDoNotEndTheConnection)
+TEST_F(RealBrowserTest, HugeTextsAreCarriedWholeOrNotAtAll)
 {
-    const auto document = OpenDocument("<script>const url = 'data:,' + '\"'.repeat(1e6);"
+    const auto document = OpenDocument("<script>const url = 'data:,' + '\"'.repeat(70000);"
                                        "for (let i = 0; i < 600; ++i) document.write('<img>');"
                                        "for (const image of document.images) image.src = url;</script>");
     const auto images = Elements<IHTMLImgElement>(document, &IHTMLDocument2::get_images);
     ASSERT_EQ(images.size(), 600U);
-    EXPECT_EQ(Text(images.front(), &IHTMLImgElement::get_src).size(), 65536U);
+    EXPECT_EQ(Text(images.front(), &IHTMLImgElement::get_src).size(), 70006U);
     EXPECT_EQ(Text(images.back(), &IHTMLImgElement::get_src), L"");
 }
 
