@@ -114,7 +114,7 @@ def browser_reachable():
     if os.environ.get('VANTROY_BROWSER'):
         return True
     home = pathlib.Path.home()
-    parents = [home / '.config', *home.glob('.var/app/*/config')]
+    parents = [pathlib.Path(os.environ.get('XDG_CONFIG_HOME') or home / '.config'), *home.glob('.var/app/*/config')]
     folders = [parent / name for parent in parents for name in KNOWN_BROWSERS] + [home / 'snap/chromium/common/chromium']
     ports = filter(None, map(active_port, folders))
     return any(map(answers, ports))
