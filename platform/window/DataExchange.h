@@ -7,8 +7,7 @@ class CDataExchange
 {
 public:
     CDataExchange(CWnd* dialog, bool saveAndValidate) : m_pDlgWnd(dialog), m_bSaveAndValidate(saveAndValidate)
-    {
-    }
+    {}
 
     CWnd* m_pDlgWnd;
     bool m_bSaveAndValidate; // true: from controls to members

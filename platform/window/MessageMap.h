@@ -52,9 +52,7 @@ MessageEntry On(UINT message, LRESULT (Window::*member)(WPARAM, LPARAM))
 template <class Window>
 MessageEntry On(UINT message, void (Window::*member)())
 {
-    return {message, 0, 0,
-            [member](CWnd& window, WPARAM, LPARAM) -> LRESULT
-            {
+    return {message, 0, 0, [member](CWnd& window, WPARAM, LPARAM) -> LRESULT {
                 (static_cast<Window&>(window).*member)();
                 return 0;
             }};
@@ -64,9 +62,7 @@ MessageEntry On(UINT message, void (Window::*member)())
 template <class Window>
 MessageEntry OnCommand(UINT id, void (Window::*member)())
 {
-    return {WM_COMMAND, BN_CLICKED, id,
-            [member](CWnd& window, WPARAM, LPARAM) -> LRESULT
-            {
+    return {WM_COMMAND, BN_CLICKED, id, [member](CWnd& window, WPARAM, LPARAM) -> LRESULT {
                 (static_cast<Window&>(window).*member)();
                 return 0;
             }};
@@ -84,9 +80,7 @@ MessageEntry OnNotify(UINT id, UINT code, LRESULT (Window::*member)(NMHDR&))
 template <class Window>
 MessageEntry OnTimer(void (Window::*member)(UINT_PTR id))
 {
-    return {WM_TIMER, 0, 0,
-            [member](CWnd& window, WPARAM wParam, LPARAM) -> LRESULT
-            {
+    return {WM_TIMER, 0, 0, [member](CWnd& window, WPARAM wParam, LPARAM) -> LRESULT {
                 (static_cast<Window&>(window).*member)(wParam);
                 return 0;
             }};
@@ -96,9 +90,7 @@ MessageEntry OnTimer(void (Window::*member)(UINT_PTR id))
 template <class Window>
 MessageEntry OnSysCommand(void (Window::*member)(UINT id, LPARAM lParam))
 {
-    return {WM_SYSCOMMAND, 0, 0,
-            [member](CWnd& window, WPARAM wParam, LPARAM lParam) -> LRESULT
-            {
+    return {WM_SYSCOMMAND, 0, 0, [member](CWnd& window, WPARAM wParam, LPARAM lParam) -> LRESULT {
                 (static_cast<Window&>(window).*member)(static_cast<UINT>(wParam), lParam);
                 return 0;
             }};

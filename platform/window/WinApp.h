@@ -21,8 +21,7 @@ public:
     HICON LoadIcon(UINT id) const;
     // Controls are always drawn in the desktop's own look, so there is nothing to switch on.
     void Enable3dControls()
-    {
-    }
+    {}
 };
 
 CWinApp* AfxGetApp();
@@ -31,8 +30,7 @@ CWnd* AfxGetMainWnd();
 int AfxMessageBox(const std::string& text, UINT type = MB_OK);
 // Controls of other programs are never hosted here: nothing to switch on.
 inline void AfxEnableControlContainer()
-{
-}
+{}
 
 // The whole program: starts the desktop, calls InitInstance of the one application object and, if that gave TRUE,
 // serves messages until the main window has gone; then ExitInstance. Gives the exit status.
