@@ -6,6 +6,8 @@
 #include "platform/window/DataExchange.h"
 #include "platform/window/Resource.h"
 
+#include <utility>
+
 DWORD PercentOf(DWORD position, DWORD total)
 {
     return total == 0 ? 100 : static_cast<DWORD>(std::uint64_t{position} * 100 / total);
@@ -17,23 +19,33 @@ void CProgressFields::DoDataExchange(CDataExchange* exchange)
     DDX_Control(exchange, IDC_CANCEL_CURRENT, m_cancelCurrent);
     DDX_Control(exchange, IDC_TRANSFER_BAR, m_bar);
     DDX_Control(exchange, IDCANCEL, m_cancelAll);
-    DDX_Text(exchange, IDC_TRANSFER_FILE, m_file);
-    DDX_Text(exchange, IDC_TRANSFER_FROM, m_from);
-    DDX_Text(exchange, IDC_TRANSFER_SIZE, m_size);
-    DDX_Text(exchange, IDC_TRANSFER_PERCENT, m_percent);
+    Texts texts;
+    {
+        const std::lock_guard lock(m_mutex);
+        texts = m_texts;
+        m_bRefreshPosted = false;
+    }
+    DDX_Text(exchange, IDC_TRANSFER_FILE, texts.file);
+    DDX_Text(exchange, IDC_TRANSFER_FROM, texts.from);
+    DDX_Text(exchange, IDC_TRANSFER_SIZE, texts.size);
+    DDX_Text(exchange, IDC_TRANSFER_PERCENT, texts.percent);
 }
 
 void CProgressFields::SetTransferText(const std::string& from, const std::string& file)
 {
-    SetText(m_from, from);
-    SetText(m_file, file);
-    Refresh();
+    const auto change = [&](Texts& texts) {
+        texts.from = from;
+        texts.file = file;
+    };
+    if (Change(change))
+        ::SendMessageA(m_window, WM_REFRESH_FIELDS, 0, 0);
 }
 
 void CProgressFields::SetSizeText(DWORD size)
 {
-    SetText(m_size, FormatText(IDS_SIZE, "%d", std::to_string(size)));
-    Refresh();
+    const std::string text = FormatText(IDS_SIZE, "%d", std::to_string(size));
+    if (Change([&](Texts& texts) { texts.size = text; }))
+        ::SendMessageA(m_window, WM_REFRESH_FIELDS, 0, 0);
 }
 
 void CProgressFields::SetRange(DWORD size)
@@ -48,8 +60,14 @@ void CProgressFields::SetProgress(DWORD position, DWORD total)
     if (percent == m_nPercent)
         return;
     m_nPercent = percent;
-    SetText(m_percent, FormatText(IDS_PERCENT, "%d", std::to_string(percent)));
-    Refresh();
+    const std::string text = FormatText(IDS_PERCENT, "%d", std::to_string(percent));
+    bool isFirst = false;
+    Change([&](Texts& texts) {
+        texts.percent = text;
+        isFirst = !std::exchange(m_bRefreshPosted, true);
+    });
+    if (isFirst)
+        ::PostMessageA(m_window, WM_REFRESH_FIELDS, 0, 0);
 }
 
 void CProgressFields::SetTitle(UINT textId)
@@ -67,16 +85,13 @@ void CProgressFields::ShowCancelCurrent(bool show)
     m_cancelCurrent.ShowWindow(show ? SW_SHOW : SW_HIDE);
 }
 
-void CProgressFields::SetText(std::string& field, const std::string& text)
+bool CProgressFields::Change(const std::function<void(Texts&)>& change)
 {
-    m_bChanged = m_bChanged || field != text;
-    field = text;
-}
-
-void CProgressFields::Refresh()
-{
-    if (!m_bChanged)
-        return;
-    m_bChanged = false;
-    ::SendMessageA(m_window, WM_REFRESH_FIELDS, 0, 0);
+    const std::lock_guard lock(m_mutex);
+    Texts texts = m_texts;
+    change(texts);
+    if (texts == m_texts)
+        return false;
+    m_texts = std::move(texts);
+    return true;
 }

@@ -1,18 +1,22 @@
 // The fields of a window that show the item in hand: four texts, the bar, and the two buttons that stop a run or an
 // item. Both progress windows carry them, and a worker fills them from its own thread.
 //
-// The worker writes a text and then waits in SendMessage while the window's thread moves the texts into the controls,
-// so the strings are never touched by both at once. A text that has not changed is not sent again, and the bar's
-// position costs no waiting at all: a body comes in blocks of 4 KB, and the window must not be what holds it up.
+// What tells of a new item is on the window when the operation returns: the worker waits in SendMessage while the
+// window's thread moves the texts into the controls. What follows the bytes of an item, the bar's position and the
+// percent, costs no waiting: a body comes in blocks of 4 KB, and the window must not be what holds it up. The bar picks
+// its position up when it paints, and the percent is asked for by one posted message at a time. A text that has not
+// changed is not sent again.
 #pragma once
 
 #include "platform/window/Controls.h"
 
+#include <functional>
+#include <mutex>
 #include <string>
 
 class CDataExchange;
 
-// Asks a window to move the texts into its controls; wParam and lParam are 0. Sent synchronously.
+// Asks a window to move the texts into its controls; wParam and lParam are 0.
 inline constexpr UINT WM_REFRESH_FIELDS = WM_USER + 0x1000;
 
 class CProgressFields
@@ -33,19 +37,27 @@ public:
     void ShowCancelCurrent(bool show);
 
 private:
-    void SetText(std::string& field, const std::string& text);
-    void Refresh();
+    struct Texts
+    {
+        std::string file;
+        std::string from;
+        std::string size;
+        std::string percent;
+
+        bool operator==(const Texts&) const = default;
+    };
+
+    // Takes the change over; true if the texts are others now.
+    bool Change(const std::function<void(Texts&)>& change);
 
     HWND m_window; // of the dialog, known once it has exchanged data
     CButton m_cancelCurrent;
     CProgressCtrl m_bar;
     CButton m_cancelAll;
-    std::string m_file;
-    std::string m_from;
-    std::string m_size;
-    std::string m_percent;
-    DWORD m_nPercent = ~DWORD{0}; // that m_percent tells; none at first
-    bool m_bChanged = false;      // a text differs from what the controls show
+    DWORD m_nPercent = ~DWORD{0}; // of the last text; none at first. The worker's own
+    std::mutex m_mutex;           // guards the next two; never held while calling out
+    Texts m_texts;
+    bool m_bRefreshPosted = false;
 };
 
 // Whole percents of `position` in `total`, cut; 100 for a total of 0.

@@ -2,12 +2,15 @@
 
 #include <QSocketNotifier>
 
+#include <atomic>
 #include <exception>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
 namespace
 {
+
+constexpr int kLooks = 200;
 
 // One waiting call. It is shared with the queue's task, whose destruction without a run tells the caller to give up.
 class PendingCall
@@ -21,11 +24,15 @@ public:
         m_finished = true;
         m_ran = ran;
         m_error = std::move(error);
+        m_over.store(true, std::memory_order_release);
         m_changed.notify_all();
     }
 
+    // Most tasks take less time than falling asleep and being woken does, so the caller looks a while first.
     bool Wait()
     {
+        for (int look = 0; look < kLooks && !m_over.load(std::memory_order_acquire); ++look)
+            std::this_thread::yield();
         std::unique_lock lock(m_mutex);
         m_changed.wait(lock, [this] { return m_finished; });
         if (m_error)
@@ -36,6 +43,7 @@ public:
 private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
+    std::atomic<bool> m_over = false;
     bool m_finished = false;
     bool m_ran = false;
     std::exception_ptr m_error;

@@ -1,5 +1,5 @@
-#include "resources/ResourceIds.h"
 #include "resources/Resources.h"
+#include "resources/ResourceIds.h"
 
 #include <gtest/gtest.h>
 
