@@ -5,7 +5,7 @@
 CCacheLookup::Result CCacheLookup::Find(const std::string& url)
 {
     m_buffer.reset();
-    m_buffer.reset(static_cast<INTERNET_CACHE_ENTRY_INFOA*>(HeapAlloc(m_nSize)));
+    m_buffer.reset(static_cast<INTERNET_CACHE_ENTRY_INFOA*>(GlobalAlloc(GPTR, m_nSize)));
     if (!m_buffer)
         return Result::OutOfMemory;
     m_buffer->dwStructSize = m_nSize;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/internet/UrlCache.h"
-#include "platform/system/Heap.h"
+#include "platform/system/Memory.h"
 
 #include <string>
 
@@ -26,5 +26,5 @@ public:
 
 private:
     DWORD m_nSize = 4096; // takes what the cache asks for and never shrinks
-    HeapPtr<INTERNET_CACHE_ENTRY_INFOA> m_buffer;
+    GlobalPtr<INTERNET_CACHE_ENTRY_INFOA> m_buffer;
 };

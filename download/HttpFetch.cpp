@@ -5,7 +5,7 @@
 #include "download/ProgressFields.h"
 
 #include "platform/files/File.h"
-#include "platform/system/Heap.h"
+#include "platform/system/Memory.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -81,7 +81,7 @@ bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
         return false;
     }
     ShowItem(host, path, *size);
-    const HeapPtr<char> body(static_cast<char*>(HeapAlloc(*size)));
+    const GlobalPtr<char> body(static_cast<char*>(GlobalAlloc(GPTR, *size)));
     if (!body)
         return true;
     ReceiveBody(request.get(), body.get(), *size);

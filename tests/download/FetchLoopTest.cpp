@@ -3,7 +3,7 @@
 #include "download/ProgressDlg.h"
 #include "resources/Resources.h"
 
-#include "platform/system/Heap.h"
+#include "platform/system/Memory.h"
 #include "platform/system/Thread.h"
 #include "platform/testing/Robot.h"
 
@@ -39,16 +39,16 @@ private:
     rlimit m_before{};
 };
 
-class HeapLimit
+class MemoryLimit
 {
 public:
-    explicit HeapLimit(std::size_t limit)
+    explicit MemoryLimit(std::size_t limit)
     {
-        SetHeapLimit(limit);
+        SetMemoryLimit(limit);
     }
-    ~HeapLimit()
+    ~MemoryLimit()
     {
-        SetHeapLimit(SIZE_MAX);
+        SetMemoryLimit(SIZE_MAX);
     }
 };
 
@@ -244,7 +244,7 @@ TEST(FetchLoop, AsksAgainWithTheRoomThatTheCacheNeedsAndKeepsIt)
 TEST(FetchLoop, ALookupWithoutMemoryEndsTheRunInGoodOrder)
 {
     TestRun run;
-    const HeapLimit limit(4095);
+    const MemoryLimit limit(4095);
     run.Download({run.Cached("http://h/a", "a"), run.Served("/b", "b")});
     EXPECT_TRUE(run.Saved().empty());
     EXPECT_TRUE(run.m_server.Requests().empty());
@@ -258,7 +258,7 @@ TEST(FetchLoop, ABodyWithoutMemoryOrDiskIsLeftOutAlone)
     const std::string copy = run.Cached("http://h/copy", std::string(200000, 'c'));
     const std::string small = run.Served("/small", "small");
     {
-        const HeapLimit limit(100000);
+        const MemoryLimit limit(100000);
         run.Download({big, small});
         EXPECT_EQ(run.Saved(), (Names{"small"}));
     }

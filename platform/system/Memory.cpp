@@ -1,4 +1,4 @@
-#include "platform/system/Heap.h"
+#include "platform/system/Memory.h"
 
 #include <atomic>
 #include <cstdint>
@@ -22,9 +22,9 @@ void AskForHugePages(void* block, std::size_t size)
 
 } // namespace
 
-void* HeapAlloc(std::size_t size)
+void* GlobalAlloc(UINT flags, std::size_t size)
 {
-    if (size > g_limit.load(std::memory_order_relaxed))
+    if (flags != GPTR || size > g_limit.load(std::memory_order_relaxed))
         return nullptr;
     void* const block = std::calloc(size > 0 ? size : 1, 1);
     if (block)
@@ -32,12 +32,13 @@ void* HeapAlloc(std::size_t size)
     return block;
 }
 
-void HeapFree(void* block)
+void* GlobalFree(void* block)
 {
     std::free(block);
+    return nullptr;
 }
 
-void SetHeapLimit(std::size_t limit)
+void SetMemoryLimit(std::size_t limit)
 {
     g_limit.store(limit, std::memory_order_relaxed);
 }
