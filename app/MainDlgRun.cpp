@@ -53,9 +53,10 @@ CProgressFields& CMainDlg::ProgressFields()
     return m_pProgressDlg->m_fields;
 }
 
+// The worker may raise the running flag just after leaving has cleared it.
 bool CMainDlg::IsStopRequested() const
 {
-    return m_bRunning == 0;
+    return m_bRunning == 0 || m_bLeaving != 0;
 }
 
 // The end of the last run has hidden the button.
