@@ -204,15 +204,22 @@ TEST(FetchLoop, ACopyStopsWhenItIsCancelledAndLeavesNothing)
     EXPECT_EQ(CDownloadRun::CopyProgressProc(none, none, none, none, 0, 0, nullptr, nullptr, &run), PROGRESS_CONTINUE);
     run.m_bFetchCurrent = 0;
     EXPECT_EQ(CDownloadRun::CopyProgressProc(none, none, none, none, 0, 0, nullptr, nullptr, &run), PROGRESS_CANCEL);
-    // Cancel All while the copy runs: as soon as its file is there.
-    std::thread user([&run] {
-        while (run.Saved().empty() && run.m_ends == 0)
-            std::this_thread::yield();
-        run.m_bRunning = 0;
-    });
-    run.Download({big});
-    user.join();
-    EXPECT_EQ(run.Saved().size(), run.m_stored.size());
+    // Well within the 128 blocks of the copy.
+    const std::string next = run.Cached("http://h/next", "next");
+    for (const bool cancelAll : {false, true})
+    {
+        int shown = 0;
+        run.m_whenShowing = [&] {
+            if (++shown == 30)
+                (cancelAll ? run.m_bRunning : run.m_bFetchCurrent) = 0;
+        };
+        run.m_bRunning = 1;
+        run.Download({big, next});
+        EXPECT_EQ(run.Saved(), Names{"next"});
+        EXPECT_GE(shown, 30);
+        EXPECT_LT(shown, 60);
+    }
+    EXPECT_EQ(run.m_stored, Names{next + " -> next"});
 }
 
 TEST(FetchLoop, StopsBeforeTheNextItem)

@@ -61,14 +61,15 @@ public:
     HttpTestServer m_server;
     MemoryUrlCache m_cache;
     CProgressFields* m_fields = &m_ownFields;
-    std::vector<std::string> m_stored; // "address -> name"
-    std::function<void()> m_whenFetchBegins = [] {};
+    std::vector<std::string> m_stored;           // "address -> name"
+    std::function<void()> m_whenShowing = [] {}; // wherever the run shows something
     std::function<void()> m_whenSetup = [] {};
     int m_ends = 0;
 
 private:
     CProgressFields& ProgressFields() override
     {
+        m_whenShowing();
         return *m_fields;
     }
     bool IsStopRequested() const override
@@ -76,9 +77,7 @@ private:
         return m_bRunning == 0;
     }
     void OnFetchBegins() override
-    {
-        m_whenFetchBegins();
-    }
+    {}
     void OnFileStored(const std::string& url, const std::string& path) override
     {
         m_stored.push_back(url + " -> " + path.substr(path.rfind('/') + 1));
