@@ -3,7 +3,6 @@
 #include "resources/ResourceIds.h"
 
 #include "platform/window/Resource.h"
-#include "platform/window/WinApp.h"
 
 CProgressDlg::CProgressDlg(IProgressOwner* owner) : CDialog(IDD_PROGRESS), m_pOwner(owner)
 {}

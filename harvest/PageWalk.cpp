@@ -6,7 +6,6 @@
 #include "harvest/PageHarvest.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace
 {

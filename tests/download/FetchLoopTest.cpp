@@ -1,6 +1,7 @@
 #include "TestRun.h"
 
 #include "download/ProgressDlg.h"
+#include "resources/ResourceIds.h"
 #include "resources/Resources.h"
 
 #include "platform/system/Memory.h"
@@ -296,10 +297,9 @@ TEST(FetchLoop, ShowsEachItemInTheProgressWindow)
     run.m_setting.m_bLimitFileSize = 1;
     run.m_setting.m_nBigThanKb = 1;
     const std::string cached = run.Cached("http://h/copy.jpg", "too small");
-    run.Served("/x/big.jpg?size=2", std::string(4000000, 'b'));
     run.m_server.Serve("/x/big.jpg?size=2", HttpAnswer{.body = std::string(4000000, 'b'), .stallAfter = 1000000});
     auto* window = new CProgressDlg(nullptr);
-    ASSERT_TRUE(window->Create(103));
+    ASSERT_TRUE(window->Create(IDD_PROGRESS));
     window->ShowWindow(SW_SHOW);
     run.m_fields = &window->m_fields;
     std::atomic<bool> done = false;
