@@ -6,15 +6,20 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace
 {
+
+constexpr std::chrono::seconds kLockPatience(5);
+constexpr std::chrono::milliseconds kLockPoll(5);
 
 bool FailWithErrno()
 {
@@ -103,6 +108,32 @@ std::uint64_t CFile::SeekToEnd()
 {
     const off_t position = lseek(m_descriptor, 0, SEEK_END);
     return position < 0 ? 0 : static_cast<std::uint64_t>(position);
+}
+
+bool CFile::SeekTo(std::uint64_t offset)
+{
+    return lseek(m_descriptor, static_cast<off_t>(offset), SEEK_SET) >= 0 || FailWithErrno();
+}
+
+bool CFile::LockRange(std::uint64_t position, std::uint64_t count)
+{
+    struct flock range = {};
+    range.l_type = F_WRLCK;
+    range.l_whence = SEEK_SET;
+    range.l_start = static_cast<off_t>(position);
+    range.l_len = static_cast<off_t>(count);
+    const auto deadline = std::chrono::steady_clock::now() + kLockPatience;
+    // Locks of the open file, not of the process: two threads keep each other out, too.
+    while (fcntl(m_descriptor, F_OFD_SETLK, &range) != 0)
+    {
+        if (errno == ENOLCK || errno == EOPNOTSUPP)
+            return true;
+        const bool held = errno == EAGAIN || errno == EACCES || errno == EINTR;
+        if (!held || std::chrono::steady_clock::now() > deadline)
+            return FailWithErrno();
+        std::this_thread::sleep_for(kLockPoll);
+    }
+    return true;
 }
 
 bool CFile::SetLength(std::uint64_t length)

@@ -37,15 +37,20 @@ public:
     bool Read(void* data, std::size_t size, std::size_t& got);
     std::uint64_t GetLength() const;
     std::uint64_t SeekToEnd();
+    // Moves to `offset` bytes from the start, which may lie beyond the end.
+    bool SeekTo(std::uint64_t offset);
     bool SetLength(std::uint64_t length);
     // Waits until what was written stands on the disk.
     bool Flush();
+    // Keeps all other locks off the range until the file is closed; waits up to 5 s for one that stands. Only files
+    // that lock are held off, in this process or another. True as well where the file system has no locks.
+    bool LockRange(std::uint64_t position, std::uint64_t count);
     // False if the system reports a late write error here. Closing a closed file is true and does nothing.
     bool Close();
 
     // A look at a path without opening it; false if nothing stands there, and for any path that ends in the separator.
     static bool GetStatus(const std::string& path, CFileStatus& status);
 
-private:
+protected:
     int m_descriptor = -1;
 };

@@ -13,7 +13,7 @@
 #include "platform/system/RegistryFile_p.h"
 
 #include "platform/files/File.h"
-#include "platform/files/FileCalls.h"
+#include "platform/files/MirrorFile.h"
 #include "platform/files/NativePath_p.h"
 #include "platform/system/LastError.h"
 
@@ -142,15 +142,10 @@ LONG RegistryFile::Save() const
     std::string content;
     for (const std::string& line : m_lines)
         content.append(line).append("\n");
-    const std::string beside = m_path + ".new";
-    CFile file;
-    const bool written = file.Open(beside, CFile::modeCreate | CFile::modeWrite) &&
-                         file.Write(content.data(), content.size()) && file.Flush() && file.Close();
-    if (written && ReplaceFileBy(beside, m_path))
-        return ERROR_SUCCESS;
-    const DWORD error = GetLastError();
-    DeleteFileA(beside.c_str());
-    return static_cast<LONG>(error);
+    CMirrorFile file;
+    const bool written =
+        file.Open(m_path) && file.Write(content.data(), content.size()) && file.Flush() && file.Close();
+    return static_cast<LONG>(written ? ERROR_SUCCESS : GetLastError());
 }
 
 bool RegistryFile::HasKey(const std::string& key) const

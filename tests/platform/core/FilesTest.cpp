@@ -1,6 +1,8 @@
 #include "platform/files/File.h"
 #include "platform/files/FileCalls.h"
+#include "platform/files/FileFind.h"
 #include "platform/files/InstallHome.h"
+#include "platform/files/MirrorFile.h"
 #include "platform/files/Path.h"
 #include "platform/system/LastError.h"
 #include "platform/system/Registry.h"
@@ -12,6 +14,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace
@@ -81,6 +84,85 @@ TEST(File, StatusOfAPath)
     EXPECT_FALSE(CFile::GetStatus(home.Path("folder/file/below"), status));
     EXPECT_FALSE(CFile::GetStatus(home.Path(std::string(300, 'n')), status));
     EXPECT_FALSE(CFile::GetStatus("", status));
+}
+
+TEST(File, WaitsForTheLockOfAnother)
+{
+    const TempHome home;
+    home.Write("shared", "");
+    CFile second;
+    ASSERT_TRUE(second.Open(home.Path("shared"), CFile::modeReadWrite));
+    CFile first;
+    ASSERT_TRUE(first.Open(home.Path("shared"), CFile::modeReadWrite));
+    ASSERT_TRUE(first.LockRange(0, 100));
+    std::thread waiting([&second] {
+        EXPECT_TRUE(second.LockRange(50, 1));
+        EXPECT_TRUE(second.SeekToEnd() == 5 && second.Write("B", 1));
+    });
+    EXPECT_TRUE(first.Write("aaaaa", 5));
+    first.Close();
+    waiting.join();
+    EXPECT_EQ(home.Read("shared"), "aaaaaB");
+}
+
+TEST(MirrorFile, TakesItsPlaceWholeOrNotAtAll)
+{
+    const TempHome home;
+    home.Write("folder/real", "old");
+    std::filesystem::permissions(home.Path("folder/real"), std::filesystem::perms(0640));
+    std::filesystem::create_symlink("folder/real", home.Path("link"));
+    {
+        CMirrorFile dropped;
+        ASSERT_TRUE(dropped.Open(home.Path("link")));
+        EXPECT_TRUE(dropped.Write("half", 4));
+    }
+    EXPECT_EQ(home.Read("link"), "old");
+    CMirrorFile file;
+    ASSERT_TRUE(file.Open(home.Path("link")));
+    EXPECT_TRUE(file.Write("new ", 4) && file.Write("text", 4));
+    EXPECT_EQ(home.Read("link"), "old");
+    EXPECT_TRUE(file.Flush() && file.Close());
+    EXPECT_EQ(home.Read("folder/real"), "new text");
+    EXPECT_TRUE(std::filesystem::is_symlink(home.Path("link")));
+    EXPECT_EQ(std::filesystem::status(home.Path("folder/real")).permissions(), std::filesystem::perms(0640));
+    ASSERT_TRUE(file.Open(home.Path("folder/fresh")));
+    EXPECT_FALSE(home.Exists("folder/fresh"));
+    EXPECT_TRUE(file.Close());
+    EXPECT_EQ(home.Files("folder"), (std::vector<std::string>{"fresh", "real"}));
+}
+
+TEST(MirrorFile, RefusesAPlaceThatCannotBeTaken)
+{
+    const TempHome home;
+    home.Write("folder/file", "");
+    CMirrorFile file;
+    for (const char* path : {"folder", "folder/", "none/file", "folder/file/file"})
+    {
+        EXPECT_FALSE(file.Open(home.Path(path))) << path;
+    }
+    EXPECT_FALSE(file.Open(""));
+    EXPECT_FALSE(file.Close());
+    EXPECT_EQ(home.Files("folder"), std::vector<std::string>{"file"});
+}
+
+TEST(FileFind, WalksAFolderByName)
+{
+    const TempHome home;
+    for (const char* name : {"2003-06-25", "2003-06-24", "a.b.c", ".hidden"})
+        home.Write(std::string("walk/") + name, "");
+    std::filesystem::create_directory(home.Path("walk/sub"));
+    std::string found;
+    CFileFind find;
+    for (BOOL working = find.FindFile(home.Path("walk/*.*")); working;)
+    {
+        working = find.FindNextFile();
+        EXPECT_EQ(find.GetFilePath(), home.Path("walk/") + find.GetFileName());
+        const char* kind = find.IsDots() ? "." : find.IsDirectory() ? "/" : "";
+        found += find.GetFileTitle() + kind + ' ';
+    }
+    EXPECT_EQ(found, ".. ... .hidden 2003-06-24 2003-06-25 a.b sub/ ");
+    EXPECT_FALSE(find.FindFile(home.Path("none/*.*")));
+    EXPECT_FALSE(find.FindFile(home.Path("walk/*.xml")));
 }
 
 TEST(FileCalls, FoldersAndDeleting)

@@ -1,0 +1,112 @@
+#include "platform/files/MirrorFile.h"
+
+#include "platform/files/FileCalls.h"
+#include "platform/files/NativePath_p.h"
+#include "platform/files/Path.h"
+#include "platform/system/LastError.h"
+
+#include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr mode_t kNewFile = 0666;
+
+std::string FolderOf(const std::string& path)
+{
+    return path.substr(0, path.rfind(kPathSeparator) + 1);
+}
+
+// Hidden, and of no other file of this or another process.
+std::string NameBeside(const std::string& target)
+{
+    static std::atomic<unsigned> count = 0;
+    return FolderOf(target) + ".new-" + std::to_string(getpid()) + '-' + std::to_string(++count);
+}
+
+// Why nothing may take the place of what stands at a path; ERROR_SUCCESS if it may, or if nothing stands there.
+DWORD RefusalOf(const std::string& path)
+{
+    CFile file;
+    if (path.empty() || path.back() == kPathSeparator)
+        return ERROR_ACCESS_DENIED;
+    return file.Open(path, CFile::modeWrite) || GetLastError() == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : GetLastError();
+}
+
+// A file that has no name and goes with its last descriptor; below 0 where the file system knows none.
+int OpenNameless(const std::string& folder)
+{
+    if (access("/proc/self/fd", X_OK) != 0)
+        return -1;
+    return open(NativePath(folder.empty() ? "." : folder).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFile);
+}
+
+} // namespace
+
+CMirrorFile::~CMirrorFile()
+{
+    Abort();
+}
+
+bool CMirrorFile::Open(const std::string& path)
+{
+    Abort();
+    if (const DWORD refusal = RefusalOf(path); refusal != ERROR_SUCCESS)
+    {
+        SetLastError(refusal);
+        return false;
+    }
+    CFileStatus status;
+    const bool stands = GetStatus(path, status);
+    m_target = stands ? status.m_szFullName : path;
+    m_beside = NameBeside(m_target);
+    if (!OpenBeside())
+        return false;
+    struct stat old = {};
+    if (stands && stat(NativePath(m_target).c_str(), &old) == 0)
+        fchmod(m_descriptor, old.st_mode & 07777);
+    return true;
+}
+
+bool CMirrorFile::OpenBeside()
+{
+    m_descriptor = OpenNameless(FolderOf(m_target));
+    m_bNamed = m_descriptor < 0;
+    return !m_bNamed || CFile::Open(m_beside, modeCreate | modeWrite);
+}
+
+bool CMirrorFile::GiveName()
+{
+    if (m_bNamed)
+        return true;
+    const std::string self = "/proc/self/fd/" + std::to_string(m_descriptor);
+    m_bNamed = linkat(AT_FDCWD, self.c_str(), AT_FDCWD, NativePath(m_beside).c_str(), AT_SYMLINK_FOLLOW) == 0;
+    if (!m_bNamed)
+        SetLastErrorFromErrno(errno);
+    return m_bNamed;
+}
+
+bool CMirrorFile::Close()
+{
+    if (GiveName() && CFile::Close() && ReplaceFileBy(m_beside, m_target))
+    {
+        m_bNamed = false;
+        return true;
+    }
+    const DWORD error = GetLastError();
+    Abort();
+    SetLastError(error);
+    return false;
+}
+
+void CMirrorFile::Abort()
+{
+    CFile::Close();
+    if (m_bNamed)
+        DeleteFileA(m_beside.c_str());
+    m_bNamed = false;
+}
