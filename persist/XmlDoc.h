@@ -13,6 +13,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -79,4 +80,42 @@ public:
 
     // The slots in use; the first one is no element but the place of the root, as its firstChild.
     std::vector<ElementSlot> GetSlots() const;
+
+private:
+    bool IsSelfClosed(std::int32_t slot) const;
+    std::string_view ElementName(std::int32_t slot) const;
+    std::int32_t FindNamed(std::int32_t slot, std::string_view wanted) const;
+    std::string ReadText(std::int32_t slot) const;
+    std::string ReadAttribute(std::int32_t slot, std::string_view name) const;
+
+    bool Parse();
+    bool ParseStartTag(std::int32_t parent, std::int32_t& slot);
+    bool ParseEndTag(std::int32_t slot);
+    std::int32_t FinishElement(std::int32_t slot);
+    bool Fail(std::string_view error, std::string_view name = {});
+
+    std::int32_t InsertElement(std::int32_t parent, std::int32_t sibling, std::string_view name,
+                               std::string_view value);
+    void PlaceElement(std::int32_t slot, std::int32_t tagStart, std::size_t nameLength, std::size_t valueLength);
+    bool InsertAttribute(std::int32_t slot, std::string_view name, std::string_view value);
+    bool HasRoomFor(std::size_t length) const;
+    void SpliceText(std::int32_t position, std::int32_t count, std::string_view inserted);
+    void ShiftPositions(std::int32_t slot, std::int32_t shift);
+    std::int32_t NextInDocument(std::int32_t slot, std::int32_t top, bool bAncestor) const;
+
+    static std::string_view ViewOf(const char* text);
+    void GrowSlots(std::size_t size);
+    std::int32_t AllocateSlot();
+    void ReleaseSlot();
+
+    static constexpr std::size_t kMaxLength = std::numeric_limits<std::int32_t>::max();
+    static constexpr std::size_t kSpareSlots = 8;
+
+    std::string m_text;
+    std::int32_t m_depth = 0; // calls of EnterChild that are open
+    std::string m_error;
+    std::vector<ElementSlot> m_slots;
+    std::int32_t m_current = 0;
+    std::int32_t m_currentChild = 0;
+    std::int32_t m_freeSlot = 1; // the next one to hand out; those below are in use
 };
