@@ -2,7 +2,7 @@
 
 const ResourceTable& VantroyResources()
 {
-    static const ResourceTable table{"Vantroy",       "vantroy",       DialogResources(),
-                                     MenuResources(), TextResources(), PictureResources()};
+    static const ResourceTable table{"Vantroy",       "vantroy",          DialogResources(), MenuResources(),
+                                     TextResources(), PictureResources(), VersionResource(), UsageResource()};
     return table;
 }

@@ -10,3 +10,5 @@ std::span<const DialogTemplate> DialogResources();
 std::span<const MenuTemplate> MenuResources();
 std::span<const TextEntry> TextResources();
 std::span<const PictureEntry> PictureResources();
+std::string_view VersionResource();
+std::string_view UsageResource();

@@ -1,8 +1,10 @@
 #include "platform/system/CommandLine.h"
 
+#include "platform/system/CommandLine_p.h"
+
 #include <algorithm>
+#include <iterator>
 #include <string>
-#include <string_view>
 
 namespace
 {
@@ -13,11 +15,28 @@ std::string& Line()
     return line;
 }
 
-std::string_view AsTyped(std::string_view argument)
+struct Switch
 {
-    if (argument == "--all")
-        return "/all";
-    return argument == "--current" ? "/current" : argument;
+    std::string_view typed;
+    std::string_view published;
+};
+
+constexpr Switch kSwitches[] = {{"--all", "/all"}, {"--current", "/current"}};
+
+std::string_view AsPublished(std::string_view argument)
+{
+    const auto* found = std::ranges::find(kSwitches, argument, &Switch::typed);
+    return found == std::end(kSwitches) ? argument : found->published;
+}
+
+StartOption OptionOf(std::string_view argument)
+{
+    if (argument == "--help" || argument == "-h")
+        return StartOption::Help;
+    if (argument == "--version")
+        return StartOption::Version;
+    const bool known = !argument.starts_with("--") || AsPublished(argument) != argument;
+    return known ? StartOption::None : StartOption::Unknown;
 }
 
 } // namespace
@@ -29,10 +48,20 @@ void SetCommandLine(int argc, char** argv)
     std::string& line = Line();
     line = '"' + program + '"';
     for (int i = 1; i < argc; ++i)
-        line.append(" ").append(AsTyped(argv[i]));
+        line.append(" ").append(AsPublished(argv[i]));
 }
 
 const char* GetCommandLineA()
 {
     return Line().c_str();
+}
+
+StartRequest FindStartRequest(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i)
+    {
+        if (const StartOption option = OptionOf(argv[i]); option != StartOption::None)
+            return {option, argv[i]};
+    }
+    return {};
 }

@@ -95,6 +95,8 @@ struct ResourceTable
     std::span<const MenuTemplate> menus;
     std::span<const TextEntry> texts;
     std::span<const PictureEntry> pictures;
+    std::string_view version = {}; // what `--version` says behind the application's name
+    std::string_view usage = {};   // what `--help` prints, whole lines
 };
 
 // Called once at start; the table must outlive the program. A debug build checks it: control numbers that stand twice

@@ -6,6 +6,7 @@
 #include "platform/window/MessageBox_p.h"
 #include "platform/window/Picture_p.h"
 #include "platform/window/Resource.h"
+#include "platform/window/StartAnswer_p.h"
 #include "platform/window/TerminationSignals_p.h"
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
@@ -119,6 +120,8 @@ CWnd* AfxGetMainWnd()
 int AfxWinMain(int argc, char** argv)
 {
     SetCommandLine(argc, argv);
+    if (const std::optional<int> status = AnswerStartOption(argc, argv))
+        return *status;
     const std::string name = ApplicationName();
     if (!HasDisplay())
     {

@@ -1,4 +1,5 @@
 #include "platform/system/CommandLine.h"
+#include "platform/system/CommandLine_p.h"
 #include "platform/system/LastError.h"
 #include "platform/system/TaskQueue_p.h"
 #include "platform/system/Thread.h"
@@ -53,6 +54,14 @@ TEST(LastError, ComesFromErrnoAndBelongsToTheThread)
     std::thread([] { EXPECT_EQ(GetLastError(), ERROR_SUCCESS); }).join();
 }
 
+std::vector<char*> ArgvOf(const std::vector<std::string>& arguments)
+{
+    std::vector<char*> argv;
+    for (const std::string& argument : arguments)
+        argv.push_back(const_cast<char*>(argument.c_str()));
+    return argv;
+}
+
 TEST(CommandLine, NeverReadsAFolderAsASwitch)
 {
     struct Row
@@ -69,11 +78,37 @@ TEST(CommandLine, NeverReadsAFolderAsASwitch)
     };
     for (const Row& row : rows)
     {
-        std::vector<char*> argv;
-        for (const std::string& argument : row.arguments)
-            argv.push_back(const_cast<char*>(argument.c_str()));
+        std::vector<char*> argv = ArgvOf(row.arguments);
         SetCommandLine(static_cast<int>(argv.size()), argv.data());
         EXPECT_STREQ(GetCommandLineA(), row.line);
+    }
+}
+
+TEST(CommandLine, AnswersTheFirstOptionThatAsks)
+{
+    struct Row
+    {
+        std::vector<std::string> arguments;
+        StartOption option;
+        const char* argument;
+    };
+    const Row rows[] = {
+        {{}, StartOption::None, ""},
+        {{"--help"}, StartOption::None, ""}, // the program itself
+        {{"v", "--all", "--current", "/all", "-a", "help"}, StartOption::None, ""},
+        {{"v", "--all", "-h"}, StartOption::Help, "-h"},
+        {{"v", "--version", "--help"}, StartOption::Version, "--version"},
+        {{"v", "--foo", "--help"}, StartOption::Unknown, "--foo"},
+        {{"v", "--ALL"}, StartOption::Unknown, "--ALL"},
+        {{"v", "--helpme"}, StartOption::Unknown, "--helpme"},
+        {{"v", "--"}, StartOption::Unknown, "--"},
+    };
+    for (const Row& row : rows)
+    {
+        std::vector<char*> argv = ArgvOf(row.arguments);
+        const StartRequest request = FindStartRequest(static_cast<int>(argv.size()), argv.data());
+        EXPECT_EQ(request.option, row.option) << row.argument;
+        EXPECT_EQ(request.argument, row.argument);
     }
 }
 

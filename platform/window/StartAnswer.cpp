@@ -1,0 +1,41 @@
+#include "platform/window/StartAnswer_p.h"
+
+#include "platform/system/CommandLine_p.h"
+#include "platform/text/CodePage.h"
+#include "platform/window/ConsoleOutput_p.h"
+#include "platform/window/MessageBox_p.h"
+#include "platform/window/Resource.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace
+{
+
+int Print(const std::string& text)
+{
+    std::fputs(text.c_str(), stdout);
+    return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+std::optional<int> AnswerStartOption(int argc, char** argv)
+{
+    constexpr ResourceTable kNone{};
+    const ResourceTable& resources = AfxGetResources() ? *AfxGetResources() : kNone;
+    const StartRequest request = FindStartRequest(argc, argv);
+    switch (request.option)
+    {
+    case StartOption::Help:
+        return Print(Utf8ToAnsi(resources.usage));
+    case StartOption::Version:
+        return Print(ApplicationName() + " " + Utf8ToAnsi(resources.version) + "\n");
+    case StartOption::Unknown:
+        PrintError("unknown option " + std::string(request.argument) + "; see --help");
+        return kWrongUse;
+    case StartOption::None:
+        break;
+    }
+    return std::nullopt;
+}
