@@ -4,6 +4,7 @@
 // usage: bench_download [ROUNDS]
 
 #include "app/MainDlg.h"
+#include "bench/Rounds.h"
 #include "resources/ResourceIds.h"
 #include "resources/Resources.h"
 
@@ -16,7 +17,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -26,9 +26,6 @@
 
 namespace
 {
-
-using Clock = std::chrono::steady_clock;
-using Seconds = std::chrono::duration<double>;
 
 constexpr int kSmallFiles = 1000;
 constexpr std::size_t kSmallSize = 30 * 1024;
@@ -155,10 +152,10 @@ double TimeVantroy(const std::vector<std::string>& paths)
 
 double TimeCommand(const std::string& command)
 {
-    const auto start = Clock::now();
-    if (std::system(command.c_str()) != 0)
-        throw std::runtime_error("failed: " + command);
-    return Seconds(Clock::now() - start).count();
+    return TimeOf([&command] {
+        if (std::system(command.c_str()) != 0)
+            throw std::runtime_error("failed: " + command);
+    });
 }
 
 // One address a line for wget; a pair of options for curl.
@@ -186,12 +183,6 @@ double TimeCurl(const ServerProcess& server, const std::vector<std::string>& pat
     WriteLists(home, server, paths);
     home.Write("curl/.keep", "");
     return TimeCommand("curl -s --http1.0 --noproxy '*' -K " + home.Path("curl.txt"));
-}
-
-double MedianOf(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 // Peak of the resident memory since the last call, in MB.
@@ -252,7 +243,7 @@ int main(int argc, char** argv)
         StartTestDesktop(argc, argv);
         AfxSetResources(VantroyResources());
         CoInitialize(nullptr);
-        Run(server, argc > 1 ? std::atoi(argv[1]) : 5);
+        Run(server, RoundsAsked(argc, argv));
         std::fflush(stdout);
         CoUninitialize();
         StopTestDesktop();
