@@ -1,13 +1,14 @@
 #include "app/VantroyApp.h"
 
 #include "app/MainDlg.h"
+#include "app/PageList.h"
 #include "app/RunMode.h"
-#include "resources/ResourceIds.h"
+#include "base/UrlList.h"
+#include "harvest/BatchDlg.h"
 
 #include "platform/browser/Browsers.h"
 #include "platform/com/Com.h"
 #include "platform/system/CommandLine.h"
-#include "platform/window/Resource.h"
 
 BOOL CVantroyApp::InitInstance()
 {
@@ -15,10 +16,19 @@ BOOL CVantroyApp::InitInstance()
     Enable3dControls();
     CoInitialize(nullptr);
     RegisterBrowsers();
-    if (RunModeOf(GetCommandLineA()) == RunMode::Plain)
+    switch (RunModeOf(GetCommandLineA()))
+    {
+    case RunMode::Plain:
         RunMainDialog();
-    else
-        AfxMessageBox(AfxLoadString(IDS_NO_BATCH));
+        break;
+    case RunMode::All:
+        RunAllPages();
+        break;
+    case RunMode::Current:
+        RunCurrentPages();
+        break;
+    }
+    m_pMainWnd = nullptr;
     return FALSE;
 }
 
@@ -27,7 +37,29 @@ void CVantroyApp::RunMainDialog()
     CMainDlg dialog;
     m_pMainWnd = &dialog;
     dialog.DoModal();
-    m_pMainWnd = nullptr;
+}
+
+void CVantroyApp::RunAllPages()
+{
+    CBatchDlg dialog;
+    m_pMainWnd = &dialog;
+    dialog.m_bScanAllWindows = 1;
+    dialog.DoModal();
+}
+
+void CVantroyApp::RunCurrentPages()
+{
+    CUrlList pages;
+    if (const std::string fault = ReadPageList(pages); !fault.empty())
+    {
+        AfxMessageBox(fault);
+        return;
+    }
+    CBatchDlg dialog;
+    m_pMainWnd = &dialog;
+    dialog.m_bScanAllWindows = 0;
+    dialog.SetPageList(pages);
+    dialog.DoModal();
 }
 
 int CVantroyApp::ExitInstance()

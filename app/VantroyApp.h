@@ -10,6 +10,14 @@ public:
     BOOL InitInstance() override;
     int ExitInstance() override;
 
+    // Runs the batch window on the pages that the file cacheurl.xml in the program's folder names:
+    //
+    //     <URLCACHE><URL>address</URL>…</URLCACHE>
+    //
+    // Without a window, after a message box, if the file cannot be read.
+    void RunCurrentPages();
+
 private:
     void RunMainDialog();
+    void RunAllPages();
 };

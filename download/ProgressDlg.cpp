@@ -4,6 +4,12 @@
 
 #include "platform/window/Resource.h"
 
+bool ConfirmCancel(const CWnd& window)
+{
+    return window.MessageBox(AfxLoadString(IDS_ASK_CANCEL), window.GetWindowText(), MB_YESNO | MB_ICONQUESTION) ==
+           IDYES;
+}
+
 CProgressDlg::CProgressDlg(IProgressOwner* owner) : CDialog(IDD_PROGRESS), m_pOwner(owner)
 {}
 
@@ -27,8 +33,7 @@ void CProgressDlg::OnCancel()
 {
     if (m_pOwner)
     {
-        if (m_pOwner->IsRunning() &&
-            MessageBox(AfxLoadString(IDS_ASK_CANCEL), GetWindowText(), MB_YESNO | MB_ICONQUESTION) != IDYES)
+        if (m_pOwner->IsRunning() && !ConfirmCancel(*this))
             return;
         m_pOwner->CancelAll();
     }

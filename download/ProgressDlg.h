@@ -20,6 +20,9 @@ protected:
     ~IProgressOwner() = default;
 };
 
+// Asks the user of the window whether the run is to be cancelled.
+bool ConfirmCancel(const CWnd& window);
+
 class CProgressDlg : public CDialog
 {
 public:

@@ -29,6 +29,7 @@ std::string DefaultSaveFolder()
 CDownloadSetting::CDownloadSetting()
 {
     m_szSaveFolder.Set(SaveFolder(DefaultSaveFolder()));
+    Load();
 }
 
 std::string CDownloadSetting::GetSaveFolder() const

@@ -1,6 +1,5 @@
 #include "persist/HistoryStore.h"
 
-#include <algorithm>
 #include <ctime>
 
 void CHistoryFile::SetUrl(const std::string& url)
@@ -44,30 +43,46 @@ void CHistoryItem::AddFile(const CHistoryFile& file)
 void CHistoryStore::Clear()
 {
     m_items.clear();
+    m_dayNames.clear();
+    m_pageIndex.clear();
+    m_fileIndex.clear();
+    m_bFilesIndexed = false;
 }
 
-void CHistoryStore::AddItem(const CHistoryItem& item)
+void CHistoryStore::AddItem(CHistoryItem item)
 {
-    const auto same = std::find_if(m_items.begin(), m_items.end(), [&item](const CHistoryItem& other) {
-        return other.GetPageUrl() == item.GetPageUrl();
-    });
-    if (same == m_items.end())
-        m_items.push_back(item);
-    else
-        same->m_files.insert(same->m_files.end(), item.m_files.begin(), item.m_files.end());
+    m_bFilesIndexed = false;
+    const auto [place, isNew] = m_pageIndex.try_emplace(item.GetPageUrl(), m_items.size());
+    if (isNew)
+    {
+        m_items.push_back(std::move(item));
+        return;
+    }
+    std::vector<CHistoryFile>& files = m_items[place->second].m_files;
+    files.insert(files.end(), item.m_files.begin(), item.m_files.end());
 }
 
 void CHistoryStore::MarkFileDone(const std::string& url, const std::string& path)
 {
-    for (CHistoryItem& item : m_items)
+    if (!m_bFilesIndexed)
+        IndexFiles();
+    const auto found = m_fileIndex.find(url);
+    if (found == m_fileIndex.end())
+        return;
+    const auto [item, file] = found->second;
+    m_items[item].m_files[file].SetLocalPath(path);
+    m_items[item].m_files[file].m_bDone = true;
+}
+
+// Made anew at the first mark behind an AddItem: a run adds all its pages first.
+void CHistoryStore::IndexFiles()
+{
+    m_fileIndex.clear();
+    for (std::size_t item = 0; item < m_items.size(); ++item)
     {
-        for (CHistoryFile& file : item.m_files)
-        {
-            if (std::string_view(file.m_szUrl) != url)
-                continue;
-            file.SetLocalPath(path);
-            file.m_bDone = true;
-            return;
-        }
+        const std::vector<CHistoryFile>& files = m_items[item].m_files;
+        for (std::size_t file = 0; file < files.size(); ++file)
+            m_fileIndex.try_emplace(files[file].m_szUrl, item, file);
     }
+    m_bFilesIndexed = true;
 }

@@ -26,7 +26,8 @@ constexpr ControlTemplate kMain[] = {
     {Button, IDCANCEL, 361, 202, 72, 15, CS_NONE, "&Exit"},
 };
 
-// The buttons come first in Tab order: the window opens with the focus where a press does something.
+// On the progress window and on the window of a batch run. The buttons come first in Tab order: the window opens with
+// the focus where a press does something.
 constexpr ControlTemplate kProgress[] = {
     {Button, IDC_CANCEL_CURRENT, 125, 95, 72, 15, CS_NONE, "&Cancel Current"},
     {Button, IDCANCEL, 201, 95, 72, 15, CS_DEFAULT, "Cancel &All"},
@@ -48,6 +49,7 @@ std::span<const DialogTemplate> DialogResources()
     static constexpr DialogTemplate dialogs[] = {
         {IDD_MAIN, 440, 224, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kMain},
         {IDD_PROGRESS, 280, 117, DS_SYSMENU, "Vantroy", kProgress},
+        {IDD_BATCH, 280, 117, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kProgress},
     };
     return dialogs;
 }

@@ -8,6 +8,7 @@ inline constexpr int IDB_BANNER = 129;
 // Dialogs.
 inline constexpr int IDD_MAIN = 102;
 inline constexpr int IDD_PROGRESS = 103;
+inline constexpr int IDD_BATCH = 104;
 
 // A control that nobody names.
 inline constexpr int IDC_STATIC = 0xFFFF;
@@ -64,4 +65,7 @@ inline constexpr int IDS_NO_FOLDER = 115;
 inline constexpr int IDS_FILTERED = 116;
 inline constexpr int IDS_SIZE = 117;
 inline constexpr int IDS_PERCENT = 118;
-inline constexpr int IDS_NO_BATCH = 119;
+inline constexpr int IDS_NO_PAGE = 119;
+inline constexpr int IDS_NO_URL_CACHE = 120;
+inline constexpr int IDS_NO_MEMORY = 121;
+inline constexpr int IDS_BAD_URL_CACHE = 122;

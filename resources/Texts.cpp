@@ -23,7 +23,10 @@ std::span<const TextEntry> TextResources()
         {IDS_FILTERED, "Filtered."},
         {IDS_SIZE, "%d Bytes"},
         {IDS_PERCENT, "%d%% Complete"},
-        {IDS_NO_BATCH, "The batch modes are not part of this version yet."},
+        {IDS_NO_PAGE, "No page to download."},
+        {IDS_NO_URL_CACHE, "Unable to read url cache file: %s"},
+        {IDS_NO_MEMORY, "Memory not enouth.Please close some other application and try again."},
+        {IDS_BAD_URL_CACHE, "Error occured while parsing url cache file, please try again."},
     };
     return texts;
 }

@@ -4,54 +4,19 @@
 #include "resources/ResourceIds.h"
 #include "resources/Resources.h"
 
-#include "platform/system/Memory.h"
 #include "platform/system/Thread.h"
+#include "platform/testing/Limits.h"
 #include "platform/testing/Robot.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using Names = std::vector<std::string>;
 
 namespace
 {
-
-// Writes beyond the limit fail, as on a full disk, for as long as the object lives.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-    }
-
-private:
-    rlimit m_before{};
-};
-
-class MemoryLimit
-{
-public:
-    explicit MemoryLimit(std::size_t limit)
-    {
-        SetMemoryLimit(limit);
-    }
-    ~MemoryLimit()
-    {
-        SetMemoryLimit(SIZE_MAX);
-    }
-};
 
 } // namespace
 

@@ -6,13 +6,12 @@
 #include "platform/files/Path.h"
 #include "platform/system/LastError.h"
 #include "platform/system/Registry.h"
+#include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
 
 #include <climits>
-#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -270,14 +269,13 @@ TEST_F(CopyFileTest, RefusesSourcesAndTargetsThatAreNoFiles)
 
 TEST_F(CopyFileTest, FullDiskKeepsTheOldTarget)
 {
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit old = {};
-    getrlimit(RLIMIT_FSIZE, &old);
-    const rlimit small = {100'000, old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const BOOL copied = Copy(nullptr);
-    const DWORD error = GetLastError();
-    setrlimit(RLIMIT_FSIZE, &old);
+    BOOL copied = TRUE;
+    DWORD error = ERROR_SUCCESS;
+    {
+        const FullDisk disk(100'000);
+        copied = Copy(nullptr);
+        error = GetLastError();
+    }
     EXPECT_FALSE(copied);
     EXPECT_EQ(error, ERROR_DISK_FULL);
     ExpectOldTargetOnly();

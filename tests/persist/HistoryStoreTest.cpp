@@ -1,0 +1,350 @@
+#include "persist/HistoryStore.h"
+
+#include "persist/DownloadSetting.h"
+
+#include "platform/testing/Limits.h"
+#include "platform/testing/TempHome.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <random>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+
+// 2003-06-24 08:00 UTC, still the day before in the time zone of the tests.
+constexpr std::int32_t kMorning = 1056441600;
+constexpr const char* kDay = "History/2003-06-23";
+
+CHistoryFile FileOf(const std::string& url)
+{
+    CHistoryFile file;
+    file.SetUrl(url);
+    return file;
+}
+
+CHistoryItem ItemOf(const std::string& page, std::initializer_list<const char*> urls, std::int32_t time = kMorning)
+{
+    CHistoryItem item;
+    item.SetPageUrl(page);
+    item.SetTime(time);
+    for (const char* url : urls)
+        item.AddFile(FileOf(url));
+    return item;
+}
+
+// A record as it stands in a file; `files` are "address>path".
+std::string Record(const std::string& time, const std::string& page, const std::vector<std::string>& files)
+{
+    std::string text =
+        "<DOWNLOAD>\r\n<DOWNLOAD_TIME>" + time + "</DOWNLOAD_TIME>\r\n<REFERRER_URL>" + page + "</REFERRER_URL>\r\n";
+    for (const std::string& file : files)
+    {
+        const std::size_t arrow = file.find('>');
+        text += "<DOWNLOAD_ITEM>\r\n<DOWNLOAD_FILE>" + file.substr(0, arrow) + "</DOWNLOAD_FILE>\r\n<LOCAL_FILE>" +
+                file.substr(arrow + 1) + "</LOCAL_FILE>\r\n</DOWNLOAD_ITEM>\r\n";
+    }
+    return text + "</DOWNLOAD>\r\n";
+}
+
+// All records, "time page: address>path …;" each.
+std::string Summary(const CHistoryStore& store)
+{
+    std::string text;
+    for (const CHistoryItem& item : store.GetItems())
+    {
+        text += std::to_string(item.GetTime()) + ' ' + item.GetPageUrl() + ':';
+        for (const CHistoryFile& file : item.m_files)
+            text += std::string(" ") + file.m_szUrl.c_str() + '>' + file.m_szLocalPath.c_str();
+        text += ';';
+    }
+    return text;
+}
+
+class HistoryFilesTest : public testing::Test
+{
+protected:
+    HistoryFilesTest()
+    {
+        setenv("TZ", "XXX10", 1);
+        tzset();
+    }
+    ~HistoryFilesTest() override
+    {
+        unsetenv("TZ");
+        tzset();
+    }
+
+    static void Save(const std::string& page, const std::string& url, std::int32_t time = kMorning)
+    {
+        CHistoryStore store;
+        store.AddItem(ItemOf(page, {url.c_str()}, time));
+        store.MarkFileDone(url, "/s/" + url);
+        store.SaveItems();
+    }
+    static std::string LoadedAll()
+    {
+        CHistoryStore store;
+        store.LoadAll();
+        return Summary(store);
+    }
+    std::string Loaded(const std::string& content) const
+    {
+        m_home.Write("file", content);
+        CHistoryStore store;
+        store.LoadFile(m_home.Path("file"));
+        return Summary(store);
+    }
+
+    TempHome m_home;
+};
+
+} // namespace
+
+TEST(HistoryStore, MergesRecordsOfOnePageAndKeepsTheFirstOnesTime)
+{
+    CHistoryStore store;
+    CHistoryItem first = ItemOf("http://p/", {"1", "2"});
+    first.SetTime(1000);
+    CHistoryItem second = ItemOf("http://p/", {"1"});
+    second.SetTime(2000);
+    store.AddItem(first);
+    store.AddItem(ItemOf("http://q/", {"9"}));
+    store.AddItem(second);
+    ASSERT_EQ(store.GetItems().size(), 2u);
+    EXPECT_EQ(store.GetItems()[0].GetTime(), 1000);
+    EXPECT_EQ(store.GetItems()[0].m_files.size(), 3u);
+    EXPECT_EQ(store.GetItems()[1].GetPageUrl(), "http://q/");
+    store.Clear();
+    EXPECT_TRUE(store.GetItems().empty());
+}
+
+TEST(HistoryStore, MarksTheFirstEntryOfAnAddressAndNoCutOne)
+{
+    const std::string cut(300, 'u');
+    CHistoryStore store;
+    store.AddItem(ItemOf("p", {"a", "b", "a", cut.c_str()}));
+    store.AddItem(ItemOf("q", {"b"}));
+    store.MarkFileDone("b", "/save/b");
+    store.MarkFileDone("a", "/save/a");
+    store.MarkFileDone("a", "/save/a1");
+    store.MarkFileDone(cut, "/save/u");
+    store.MarkFileDone("nowhere", "/save/n");
+    const auto& files = store.GetItems()[0].m_files;
+    EXPECT_STREQ(files[0].m_szLocalPath.c_str(), "/save/a1");
+    EXPECT_STREQ(files[1].m_szLocalPath.c_str(), "/save/b");
+    EXPECT_TRUE(files[0].m_bDone && files[1].m_bDone);
+    EXPECT_FALSE(files[2].m_bDone || files[3].m_bDone || store.GetItems()[1].m_files[0].m_bDone);
+}
+
+TEST(HistoryStore, CutsLongTextsAndDatesANewRecordNow)
+{
+    const std::time_t before = std::time(nullptr);
+    CHistoryItem item;
+    item.SetPageUrl(std::string(600, 'p'));
+    EXPECT_EQ(item.GetPageUrl(), std::string(519, 'p'));
+    EXPECT_GE(item.GetTime(), before);
+    CHistoryFile file = FileOf(std::string(600, 'u'));
+    file.SetLocalPath(std::string(600, 'l'));
+    EXPECT_EQ(std::string_view(file.m_szUrl), std::string(259, 'u'));
+    EXPECT_EQ(std::string_view(file.m_szLocalPath), std::string(259, 'l'));
+}
+
+TEST(HistoryStore, FindsTheFirstEntryOfTheFirstPageWhateverTheOrderOfAdding)
+{
+    CHistoryStore store;
+    store.AddItem(ItemOf("p", {"a"}));
+    store.AddItem(ItemOf("q", {"b"}));
+    store.MarkFileDone("b", "/1");
+    store.AddItem(ItemOf("p", {"b"}));
+    store.MarkFileDone("b", "/2");
+    EXPECT_EQ(Summary(store), std::to_string(kMorning) + " p: a> b>/2;" + std::to_string(kMorning) + " q: b>/1;");
+}
+
+TEST_F(HistoryFilesTest, ARunIsAppendedToItsDayAndReadBack)
+{
+    m_home.Write(kDay, Record("5", "http://old/", {"o>/s/o"}));
+    CHistoryStore run;
+    run.AddItem(ItemOf("http://p/?a&b<c>", {"http://p/1&2.jpg", "http://p/failed"}));
+    run.AddItem(ItemOf("http://nothing/", {"f"}));
+    run.AddItem(ItemOf("http://q/", {"g"}, kMorning + 7200));
+    run.MarkFileDone("http://p/1&2.jpg", "/s/1&2.jpg");
+    run.MarkFileDone("g", "/s/g");
+    run.SaveItems();
+    EXPECT_EQ(m_home.Read(kDay),
+              Record("5", "http://old/", {"o>/s/o"}) +
+                  Record("1056441600", "http://p/?a&amp;b&lt;c&gt;", {"http://p/1&amp;2.jpg>/s/1&amp;2.jpg"}) +
+                  Record("1056441600", "http://nothing/", {}));
+    EXPECT_EQ(m_home.Read("History/2003-06-24"), Record("1056448800", "http://q/", {"g>/s/g"}));
+
+    CHistoryStore all;
+    all.AddItem(ItemOf("gone", {"gone"}));
+    all.LoadAll();
+    EXPECT_EQ(Summary(all), "5 http://old/: o>/s/o;1056441600 http://p/?a&b<c>: http://p/1&2.jpg>/s/1&2.jpg;"
+                            "1056448800 http://q/: g>/s/g;");
+    EXPECT_EQ(all.GetDayNames(), (std::vector<std::string>{"2003-06-23", "2003-06-24"}));
+    EXPECT_FALSE(all.GetItems()[0].m_files[0].m_bDone);
+}
+
+TEST_F(HistoryFilesTest, AllFilesOfTheFolderAreTheHistory)
+{
+    const std::string hostile =
+        Record("x", std::string(600, 'p'), {std::string(300, 'u') + '>' + std::string(300, 'l')});
+    m_home.Write("History/2003-06-01", Record("1", "page", {"a>/a"}) + Record("2", "", {"b>/b"}));
+    m_home.Write("History/2003-06-02", Record("3", "", {"c>/c"}) + Record("4", "page", {"d>/d"}));
+    m_home.Write("History/blank", " \r\n");
+    m_home.Write("History/damaged", Record("5", "good", {"e>/e"}) + "<DOWNLOAD>");
+    m_home.Write("History/foreign.xml", "<DOWNLOAD><DOWNLOAD_ITEM/></DOWNLOAD><OTHER/>" + hostile);
+    m_home.Write("History/folder/2003-06-03", Record("6", "deep", {"f>/f"}));
+    CHistoryStore store;
+    const std::time_t before = std::time(nullptr);
+    store.LoadAll();
+    ASSERT_EQ(store.GetItems().size(), 3u);
+    EXPECT_EQ(store.GetDayNames(),
+              (std::vector<std::string>{"2003-06-01", "2003-06-02", "blank", "damaged", "foreign"}));
+    EXPECT_GE(store.GetItems()[1].GetTime(), 2);
+    EXPECT_EQ(Summary(store).substr(0, 40), "1 page: a>/a d>/d;2 : b>/b c>/c >;0 pppp");
+    const CHistoryItem& cut = store.GetItems()[2];
+    EXPECT_EQ(cut.GetPageUrl().size(), 519u);
+    EXPECT_EQ(std::string_view(cut.m_files[0].m_szUrl).size(), 259u);
+    EXPECT_EQ(std::string_view(cut.m_files[0].m_szLocalPath).size(), 259u);
+    CHistoryStore undated;
+    m_home.Write("undated", "<DOWNLOAD><DOWNLOAD_ITEM/></DOWNLOAD>");
+    undated.LoadFile(m_home.Path("undated"));
+    EXPECT_GE(undated.GetItems().at(0).GetTime(), before);
+}
+
+TEST_F(HistoryFilesTest, AFileThatIsDamagedAnywhereCountsForNothing)
+{
+    const std::string good = Record("1", "p", {"a>/a"}) + Record("2", "q", {"b>/b"});
+    EXPECT_EQ(Loaded(good), "1 p: a>/a;2 q: b>/b;");
+    for (std::size_t length = 0; length < good.size() - 2; ++length)
+    {
+        // What is cut between two records is whole.
+        const bool whole = length == good.size() / 2 || length == good.size() / 2 - 1 || length == good.size() / 2 - 2;
+        ASSERT_EQ(Loaded(good.substr(0, length)), whole ? "1 p: a>/a;" : "") << length;
+    }
+    EXPECT_EQ(Loaded(good + '\0' + "<DOWNLOAD>"), "1 p: a>/a;2 q: b>/b;");
+    EXPECT_EQ(Loaded("<DOWNLOAD><DOWNLOAD_ITEM></DOWNLOAD></DOWNLOAD_ITEM>" + good), "");
+    EXPECT_EQ(Loaded(std::string(1 << 20, '<')), "");
+    std::string deep;
+    for (int i = 0; i < 100'000; ++i)
+        deep += "<DOWNLOAD>";
+    EXPECT_EQ(Loaded(deep), "");
+    {
+        const MemoryLimit memory(16);
+        EXPECT_EQ(Loaded(good), "");
+    }
+    CHistoryStore store;
+    store.LoadFile(m_home.Folder());
+    store.LoadFile(m_home.Path("none"));
+    EXPECT_TRUE(store.GetItems().empty());
+}
+
+TEST_F(HistoryFilesTest, WhatCannotBeWrittenWholeIsTakenBack)
+{
+    Save("first", "a");
+    const std::string before = m_home.Read(kDay);
+    {
+        const FullDisk disk(before.size() + 50);
+        Save("second", "b");
+    }
+    EXPECT_EQ(m_home.Read(kDay), before);
+    Save("third", "c");
+    EXPECT_EQ(LoadedAll(), "1056441600 first: a>/s/a;1056441600 third: c>/s/c;");
+
+    std::filesystem::remove(m_home.Path(kDay));
+    std::filesystem::create_directory(m_home.Path(kDay));
+    Save("fourth", "d");
+    Save("fifth", "e", kMorning + 7200);
+    EXPECT_EQ(LoadedAll(), "1056448800 fifth: e>/s/e;");
+}
+
+TEST_F(HistoryFilesTest, TheRemainsOfAKilledAppendAreCutOff)
+{
+    Save("first", "a");
+    const std::string whole = m_home.Read(kDay);
+    const std::string next = Record("2", "killed", {"b>/b"});
+    for (std::size_t length = 1; length <= next.size(); ++length)
+    {
+        m_home.Write(kDay, whole + '\0' + next.substr(1, length - 1));
+        ASSERT_EQ(LoadedAll(), "1056441600 first: a>/s/a;") << length;
+        Save("second", "c");
+        ASSERT_EQ(LoadedAll(), "1056441600 first: a>/s/a;1056441600 second: c>/s/c;") << length;
+    }
+    // Zeros of another origin are no business of ours.
+    const std::string foreign = std::string("text\0more", 9);
+    m_home.Write(kDay, foreign);
+    Save("third", "d");
+    EXPECT_EQ(m_home.Read(kDay).substr(0, 9), foreign);
+}
+
+TEST_F(HistoryFilesTest, RunsAtTheSameTimeLoseNothing)
+{
+    constexpr int kRecords = 50;
+    const auto run = [](int first) {
+        for (int i = 0; i < kRecords; ++i)
+            Save("page", std::to_string(first + i));
+    };
+    std::thread other(run, 1000);
+    run(2000);
+    other.join();
+    CHistoryStore store;
+    store.LoadAll();
+    ASSERT_EQ(store.GetItems().size(), 1u);
+    EXPECT_EQ(store.GetItems()[0].m_files.size(), 2u * kRecords);
+}
+
+TEST_F(HistoryFilesTest, AKillLeavesWholeFiles)
+{
+    CDownloadSetting settings[2];
+    settings[0].m_szSaveFolder.Set(CDownloadSetting::SaveFolder(std::string(500, 'a')));
+    settings[1].m_szSaveFolder.Set(CDownloadSetting::SaveFolder(std::string(10, 'b')));
+    ASSERT_TRUE(settings[1].Save());
+    const std::string second = m_home.Read("config.xml");
+    ASSERT_TRUE(settings[0].Save());
+    const std::string first = m_home.Read("config.xml");
+    CHistoryStore run;
+    CHistoryItem item = ItemOf("page", {});
+    for (int i = 0; i < 200; ++i)
+        item.AddFile(FileOf(std::to_string(i)));
+    run.AddItem(item);
+    for (int i = 0; i < 200; ++i)
+        run.MarkFileDone(std::to_string(i), std::string(200, 'l'));
+
+    std::mt19937 random(20030624);
+    std::uniform_int_distribution<useconds_t> moment(0, 4000);
+    std::size_t records = 0;
+    for (int kill = 0; kill < 200; ++kill)
+    {
+        const pid_t child = fork();
+        if (child == 0)
+        {
+            for (unsigned i = 1;; ++i)
+            {
+                settings[i % 2].Save();
+                run.SaveItems();
+            }
+        }
+        usleep(moment(random));
+        ::kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        const std::string config = m_home.Read("config.xml");
+        ASSERT_TRUE(config == first || config == second) << config;
+        CHistoryStore all;
+        all.LoadAll();
+        const std::size_t found = all.GetItems().empty() ? 0 : all.GetItems()[0].m_files.size();
+        ASSERT_EQ(found % 200, 0u);
+        ASSERT_GE(found, records);
+        // The file would grow beyond what the test has time to read.
+        records = found < 4'000 ? found : 0;
+        if (records == 0)
+            std::filesystem::remove(m_home.Path(kDay));
+    }
+}
