@@ -25,10 +25,11 @@ void CProgressFields::DoDataExchange(CDataExchange* exchange)
         texts = m_texts;
         m_bRefreshPosted = false;
     }
-    DDX_Text(exchange, IDC_TRANSFER_FILE, texts.file);
-    DDX_Text(exchange, IDC_TRANSFER_FROM, texts.from);
+    // The figures go first: when the names of a new item follow, those of the item before are complete.
     DDX_Text(exchange, IDC_TRANSFER_SIZE, texts.size);
     DDX_Text(exchange, IDC_TRANSFER_PERCENT, texts.percent);
+    DDX_Text(exchange, IDC_TRANSFER_FILE, texts.file);
+    DDX_Text(exchange, IDC_TRANSFER_FROM, texts.from);
 }
 
 void CProgressFields::SetTransferText(const std::string& from, const std::string& file)

@@ -1,5 +1,7 @@
 #include "platform/system/Thread.h"
 
+#include "platform/system/Thread_p.h"
+
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QSocketNotifier>
@@ -15,6 +17,7 @@ namespace
 {
 
 thread_local const std::atomic<bool>* t_cancelled = nullptr;
+std::atomic<bool> g_allCancelled = false;
 
 bool IsUserInterfaceThread()
 {
@@ -129,5 +132,10 @@ std::unique_ptr<CWinThread> AfxBeginThread(AFX_THREADPROC procedure, void* param
 
 bool IsSynchronousIoCancelled()
 {
-    return t_cancelled && *t_cancelled;
+    return t_cancelled && (*t_cancelled || g_allCancelled);
+}
+
+void CancelSynchronousIoOfAll()
+{
+    g_allCancelled = true;
 }

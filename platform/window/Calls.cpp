@@ -123,13 +123,8 @@ int GetDlgCtrlID(HWND control)
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto record = Find(window);
-    if (record && record->Progress() && ProgressWords::Understands(message) && !IsDesktopThread())
-    {
-        const LRESULT answer = record->Progress()->Answer(message, wParam, lParam);
-        if (message != PBM_GETPOS)
-            record->RequestShow();
-        return answer;
-    }
+    if (record && record->IsProgress() && ProgressWords::Understands(message) && !IsDesktopThread())
+        return record->AnswerProgress(message, wParam, lParam);
     return With(window, [&](WindowRecord& r) { return r.Send(message, wParam, lParam); });
 }
 

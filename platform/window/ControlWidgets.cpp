@@ -101,12 +101,7 @@ void ProgressWidget::ShowProgress(const ProgressWords& words)
 
 LRESULT ProgressWidget::Default(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (!ProgressWords::Understands(message))
-        return 0;
-    const LRESULT answer = m_record->Progress()->Answer(message, wParam, lParam);
-    if (message != PBM_GETPOS)
-        m_record->RequestShow();
-    return answer;
+    return ProgressWords::Understands(message) ? m_record->AnswerProgress(message, wParam, lParam) : 0;
 }
 
 PictureWidget::PictureWidget(int picture, bool cover, QWidget* parent)

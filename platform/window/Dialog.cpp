@@ -1,5 +1,6 @@
 #include "platform/window/Dialog.h"
 
+#include "platform/window/ConsoleDesktop_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/DialogBuilder_p.h"
 #include "platform/window/DialogWidget_p.h"
@@ -21,11 +22,15 @@ std::shared_ptr<WindowRecord> RecordOf(const CWnd* window)
 }
 
 // Makes the window for the object, up to the end of its OnInitDialog. Null if it cannot be made.
-std::shared_ptr<WindowRecord> Make(CDialog& dialog, UINT templateId, const CWnd* parent)
+std::shared_ptr<WindowRecord> Make(CDialog& dialog, UINT templateId, const CWnd* parent, bool modal)
 {
-    auto record = BuildDialog(static_cast<int>(templateId), RecordOf(parent));
-    if (!record)
+    const DialogTemplate* source = FindDialogTemplate(static_cast<int>(templateId));
+    ConsoleDesktop* console = ConsoleDesktop::Current();
+    if (!source || (console && modal && !console->MayOpen(*source)))
         return nullptr;
+    auto record = BuildDialog(*source, RecordOf(parent));
+    if (console)
+        console->Watch(*record, *source);
     record->Attach(dialog, true);
     try
     {
@@ -65,7 +70,7 @@ INT_PTR CDialog::DoModal()
     std::shared_ptr<WindowRecord> record;
     RunOnDesktop([&] {
         m_modal = modal;
-        record = Make(*this, m_templateId, m_pParent ? m_pParent : AfxGetMainWnd());
+        record = Make(*this, m_templateId, m_pParent ? m_pParent : AfxGetMainWnd(), true);
         if (!record)
             return;
         record->SetModal(modal);
@@ -90,7 +95,7 @@ BOOL CDialog::Create(UINT templateId, CWnd* parent)
     RunOnDesktop([&] {
         m_templateId = templateId;
         m_modal.reset();
-        const auto record = Make(*this, templateId, parent);
+        const auto record = Make(*this, templateId, parent, false);
         stands = record && !record->IsGone();
     });
     return stands;

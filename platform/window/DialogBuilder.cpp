@@ -197,12 +197,16 @@ void DialogBuilder::WarnIfCut([[maybe_unused]] const QWidget& widget,
 
 } // namespace
 
-std::shared_ptr<WindowRecord> BuildDialog(int templateId, const std::shared_ptr<WindowRecord>& parent)
+const DialogTemplate* FindDialogTemplate(int templateId)
 {
     const ResourceTable* resources = AfxGetResources();
     if (!resources)
         return nullptr;
-    const auto dialog = std::find_if(resources->dialogs.begin(), resources->dialogs.end(),
-                                     [templateId](const DialogTemplate& d) { return d.id == templateId; });
-    return dialog == resources->dialogs.end() ? nullptr : DialogBuilder(*dialog, parent).Build();
+    const auto dialog = std::ranges::find(resources->dialogs, templateId, &DialogTemplate::id);
+    return dialog == resources->dialogs.end() ? nullptr : &*dialog;
+}
+
+std::shared_ptr<WindowRecord> BuildDialog(const DialogTemplate& dialog, const std::shared_ptr<WindowRecord>& parent)
+{
+    return DialogBuilder(dialog, parent).Build();
 }

@@ -4,7 +4,10 @@
 #include <memory>
 
 class WindowRecord;
+struct DialogTemplate;
 
-// The hidden window of the dialog with all its controls; null if the resources have no such template. User-interface
-// thread.
-std::shared_ptr<WindowRecord> BuildDialog(int templateId, const std::shared_ptr<WindowRecord>& parent);
+// Null if the resources have no such template.
+const DialogTemplate* FindDialogTemplate(int templateId);
+
+// The hidden window of the dialog with all its controls. User-interface thread.
+std::shared_ptr<WindowRecord> BuildDialog(const DialogTemplate& dialog, const std::shared_ptr<WindowRecord>& parent);

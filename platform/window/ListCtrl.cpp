@@ -27,9 +27,9 @@ auto WithList(HWND window, decltype(std::declval<Action>()(std::declval<ListWidg
 DWORD CProgressCtrl::GetPos() const
 {
     const auto record = WindowTable::Get().Find(m_hWnd);
-    if (!record || !record->Progress())
+    if (!record || !record->IsProgress())
         return 0;
-    return static_cast<DWORD>(record->Progress()->Answer(PBM_GETPOS, 0, 0));
+    return static_cast<DWORD>(record->AnswerProgress(PBM_GETPOS, 0, 0));
 }
 
 DWORD CListCtrl::GetExtendedStyle() const

@@ -2,6 +2,7 @@
 
 #include "platform/text/CodePage.h"
 #include "platform/window/Calls.h"
+#include "platform/window/ConsoleDesktop_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/QtText_p.h"
@@ -133,6 +134,8 @@ void OpenBox(HWND owner, const std::string& text, const std::string& caption, UI
 
 int ShowMessageBox(HWND owner, const std::string& text, const std::string& caption, UINT type)
 {
+    if (ConsoleDesktop* console = ConsoleDesktop::Current())
+        return console->AnswerBox(text, type & kButtonMask);
     const auto wait = std::make_shared<ModalWait>();
     if (!RunOnDesktop([&] { OpenBox(owner, text, caption, type, wait); }))
         return ButtonsOf(type).back().answer;

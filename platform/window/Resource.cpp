@@ -12,14 +12,12 @@ namespace
 
 std::atomic<const ResourceTable*> g_resources = nullptr;
 
-constexpr int kUnnamed = 0xFFFF;
-
 void CheckNumbers(const DialogTemplate& dialog, std::string& faults)
 {
     for (auto control = dialog.controls.begin(); control != dialog.controls.end(); ++control)
     {
         const auto same = [control](const ControlTemplate& other) { return other.id == control->id; };
-        if (control->id != kUnnamed && std::any_of(dialog.controls.begin(), control, same))
+        if (control->id != kUnnamedControl && std::any_of(dialog.controls.begin(), control, same))
         {
             faults += "dialog " + std::to_string(dialog.id) + ": control number " + std::to_string(control->id) +
                       " stands twice\n";

@@ -34,10 +34,13 @@ inline constexpr DWORD CS_DEFAULT = 0x8;  // the button that Enter presses
 inline constexpr DWORD CS_NUMBER = 0x10;  // an edit for digits alone
 inline constexpr DWORD CS_NOTAB = 0x20;   // not reached by Tab
 
+// The number of controls that nobody names: labels, pictures.
+inline constexpr int kUnnamedControl = 0xFFFF;
+
 struct ControlTemplate
 {
     ControlClass kind;
-    int id; // 0xFFFF for a control that nobody names: labels, pictures
+    int id;
     int x, y, width, height;
     DWORD style = CS_NONE;
     std::string_view text = {};           // caption, with "&" before the mnemonic

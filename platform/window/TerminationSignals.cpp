@@ -12,40 +12,68 @@ namespace
 {
 
 std::atomic<int> g_event = -1;
+std::atomic<int> g_first = 0;
+std::atomic<int> g_count = 0;
+std::atomic<int> g_patience = 0;
 
-void HandleSignal(int)
+void HandleSignal(int signal)
 {
     const int error = errno;
-    eventfd_write(g_event, 1);
+    int none = 0;
+    g_first.compare_exchange_strong(none, signal);
+    if (++g_count <= g_patience)
+    {
+        eventfd_write(g_event, 1);
+    }
+    else
+    {
+        // It takes hold when this handler returns.
+        std::signal(signal, SIG_DFL);
+        raise(signal);
+    }
     errno = error;
 }
 
-void SetAction(void (*handler)(int), int flags)
+void SetAction(std::span<const int> numbers, void (*handler)(int))
 {
-    struct sigaction action = {};
-    action.sa_handler = handler;
-    action.sa_flags = flags;
-    sigaction(SIGTERM, &action, nullptr);
-    sigaction(SIGINT, &action, nullptr);
+    for (const int signal : numbers)
+    {
+        struct sigaction action = {};
+        sigaction(signal, nullptr, &action);
+        if (action.sa_handler == SIG_IGN)
+            continue;
+        action = {};
+        action.sa_handler = handler;
+        action.sa_flags = SA_RESTART;
+        sigaction(signal, &action, nullptr);
+    }
 }
 
 } // namespace
 
-TerminationSignals::TerminationSignals(std::function<void()> leave) : m_leave(std::move(leave))
+TerminationSignals::TerminationSignals(std::span<const int> numbers, int patience, Told told)
+    : m_numbers(numbers), m_told(std::move(told))
 {
+    g_first = 0;
+    g_count = 0;
+    g_patience = patience;
     g_event = eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
     m_notifier = std::make_unique<QSocketNotifier>(g_event.load(), QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] {
-        eventfd_t count = 0;
-        eventfd_read(g_event, &count);
-        m_leave();
-    });
-    SetAction(HandleSignal, SA_RESTART | static_cast<int>(SA_RESETHAND));
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { TellNew(); });
+    SetAction(m_numbers, HandleSignal);
 }
 
 TerminationSignals::~TerminationSignals()
 {
-    SetAction(SIG_DFL, 0);
+    SetAction(m_numbers, SIG_DFL);
     m_notifier.reset();
     close(g_event.exchange(-1));
+}
+
+void TerminationSignals::TellNew()
+{
+    eventfd_t count = 0;
+    eventfd_read(g_event, &count);
+    for (; count > 0; --count)
+        m_told(g_first, ++m_nTold);
 }

@@ -2,7 +2,8 @@
 
 #include "platform/files/InstallHome.h"
 #include "platform/system/CommandLine.h"
-#include "platform/window/Desktop_p.h"
+#include "platform/system/Thread_p.h"
+#include "platform/window/DesktopStart_p.h"
 #include "platform/window/MessageBox_p.h"
 #include "platform/window/Picture_p.h"
 #include "platform/window/Resource.h"
@@ -17,28 +18,17 @@
 #include <QWidget>
 
 #include <cassert>
-#include <cstdio>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 
 namespace
 {
 
-constexpr int kNoDesktopStatus = 2;
+constexpr int kDesktopSignals[] = {SIGTERM, SIGINT};
+constexpr int kConsoleSignals[] = {SIGTERM, SIGINT, SIGHUP};
 
 CWinApp* g_application = nullptr;
-
-bool IsSet(const char* variable)
-{
-    const char* value = std::getenv(variable);
-    return value && *value;
-}
-
-// The toolkit would end the process by a signal.
-bool HasDisplay()
-{
-    return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
-}
 
 // Closes what stands in front first, so that no nested loop holds the main window back.
 void Leave()
@@ -64,19 +54,39 @@ void ServeMessagesWhileMainWindow()
 
 int RunApplication(CWinApp& application)
 {
-    const TerminationSignals termination(Leave);
     if (application.InitInstance())
         ServeMessagesWhileMainWindow();
     return application.ExitInstance();
 }
 
+int RunOnScreen(CWinApp& application)
+{
+    const TerminationSignals termination(kDesktopSignals, 1, [](int, int) { Leave(); });
+    return RunApplication(application);
+}
+
+// The first signal ends the run behind the item in hand, the second does not wait for that item.
+int RunOnConsole(CWinApp& application, ConsoleDesktop& console)
+{
+    const auto stop = [&console](int signal, int count) {
+        console.Stop(signal);
+        if (count == 1)
+            Leave();
+        else
+            CancelSynchronousIoOfAll();
+    };
+    const TerminationSignals termination(kConsoleSignals, 2, stop);
+    const int status = RunApplication(application);
+    return status == EXIT_SUCCESS ? console.Status() : status;
+}
+
 int RunOnNewDesktop(int argc, char** argv)
 {
     // Tests bring their own.
-    std::unique_ptr<Desktop> desktop;
-    if (!Desktop::Current())
-        desktop = std::make_unique<Desktop>(argc, argv);
-    return RunApplication(*g_application);
+    if (Desktop::Current())
+        return RunOnScreen(*g_application);
+    const RunningDesktop running = StartDesktop(argc, argv);
+    return running.console ? RunOnConsole(*g_application, *running.console) : RunOnScreen(*g_application);
 }
 
 } // namespace
@@ -122,12 +132,6 @@ int AfxWinMain(int argc, char** argv)
     SetCommandLine(argc, argv);
     if (const std::optional<int> status = AnswerStartOption(argc, argv))
         return *status;
-    const std::string name = ApplicationName();
-    if (!HasDisplay())
-    {
-        std::fprintf(stderr, "%s: no display; set DISPLAY or WAYLAND_DISPLAY\n", name.c_str());
-        return kNoDesktopStatus;
-    }
     try
     {
         PrepareInstallHome();
@@ -135,11 +139,11 @@ int AfxWinMain(int argc, char** argv)
     }
     catch (const std::exception& error)
     {
-        std::fprintf(stderr, "%s: %s\n", name.c_str(), error.what());
+        PrintError(error.what());
     }
     catch (...)
     {
-        std::fprintf(stderr, "%s: unknown failure\n", name.c_str());
+        PrintError("unknown failure");
     }
     return EXIT_FAILURE;
 }

@@ -8,6 +8,7 @@
 #include "platform/window/WinApp.h"
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowTable_p.h"
+#include "platform/window/WindowWatch_p.h"
 #include "platform/window/Wnd.h"
 
 #include <QTimer>
@@ -135,6 +136,8 @@ std::string WindowRecord::Text() const
 
 void WindowRecord::SetText(const std::string& text)
 {
+    if (m_watch && text != Text())
+        m_watch->OnTextChanges(*this, text);
     {
         const std::lock_guard lock(m_mutex);
         if (m_text == text)
@@ -155,6 +158,21 @@ void WindowRecord::TextEdited(std::string text)
 void WindowRecord::EnableProgress()
 {
     m_progress = std::make_unique<ProgressWords>();
+}
+
+void WindowRecord::SetWatch(std::shared_ptr<WindowWatch> watch)
+{
+    m_watch = std::move(watch);
+}
+
+LRESULT WindowRecord::AnswerProgress(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (m_watch)
+        m_watch->OnBarChanges(message, wParam);
+    const LRESULT answer = m_progress->Answer(message, wParam, lParam);
+    if (message != PBM_GETPOS)
+        RequestShow();
+    return answer;
 }
 
 void WindowRecord::RequestShow()
@@ -293,6 +311,8 @@ void WindowRecord::Condemn(std::vector<std::shared_ptr<WindowRecord>>& condemned
 
 void WindowRecord::Vanish()
 {
+    if (m_watch)
+        m_watch->OnWindowGoes(*this);
     m_gone = true;
     WindowTable::Get().Remove(m_handle);
     if (m_parent)

@@ -20,6 +20,7 @@ class ModalWait;
 class ProgressWords;
 class QTimer;
 class WindowPeer;
+class WindowWatch;
 
 class WindowRecord : public std::enable_shared_from_this<WindowRecord>
 {
@@ -43,13 +44,12 @@ public:
     std::string Text() const;
     // On the user-interface thread the text shows at once, from a worker within a frame.
     void SetText(const std::string& text);
-    // Null for all but progress bars.
-    ProgressWords* Progress() const
+    bool IsProgress() const
     {
-        return m_progress.get();
+        return m_progress != nullptr;
     }
-    // Has Show called as SetText has.
-    void RequestShow();
+    // PBM_SETPOS, PBM_SETRANGE32 or PBM_GETPOS to a progress bar; it shows as a text does.
+    LRESULT AnswerProgress(UINT message, WPARAM wParam, LPARAM lParam);
 
     // --- user-interface thread ---
 
@@ -71,6 +71,8 @@ public:
         return m_gone;
     }
     void EnableProgress();
+    // Before anyone knows the window.
+    void SetWatch(std::shared_ptr<WindowWatch> watch);
     // Brings the widget up to date.
     void Show();
     // Hides the widget; an active window hands over to the one above it.
@@ -120,6 +122,8 @@ private:
     WindowRecord(WindowPeer& peer, std::shared_ptr<WindowRecord> parent, int id, std::string text);
     void AddChild(HWND child, int id);
     void RemoveChild(HWND child);
+    // Has Show called at once or within a frame.
+    void RequestShow();
     void Condemn(std::vector<std::shared_ptr<WindowRecord>>& condemned);
     void Vanish();
     void Finish();
@@ -128,7 +132,8 @@ private:
     HWND m_handle;
     const std::shared_ptr<WindowRecord> m_parent;
     const int m_id;
-    std::unique_ptr<ProgressWords> m_progress;
+    std::unique_ptr<ProgressWords> m_progress; // null for all but progress bars
+    std::shared_ptr<WindowWatch> m_watch;      // mostly null
     std::atomic<bool> m_showRequested = false;
 
     mutable std::mutex m_mutex; // guards the next three; never held while calling out
