@@ -104,7 +104,7 @@ std::string_view CXmlDoc::ElementName(std::int32_t slot) const
 {
     const CXmlScanner scanner(m_text);
     XmlToken token(m_slots[slot].tagStart + 1);
-    return slot && scanner.NextToken(token) ? scanner.TokenText(token) : std::string_view();
+    return scanner.NextToken(token) ? scanner.TokenText(token) : std::string_view();
 }
 
 // The first element of that name from `slot` on along the siblings, 0 for none.
