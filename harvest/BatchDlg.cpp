@@ -5,6 +5,7 @@
 #include "resources/ResourceIds.h"
 
 #include "platform/com/ComError.h"
+#include "platform/window/Calls.h"
 #include "platform/window/Resource.h"
 #include "platform/window/WinApp.h"
 
@@ -21,12 +22,8 @@ CBatchDlg::CBatchDlg() : CDialog(IDD_BATCH)
 
 CBatchDlg::~CBatchDlg()
 {
-    if (!m_worker)
-        return;
-    m_bFinished = 1;
-    m_bRunning = 0;
-    m_worker->CancelSynchronousIo();
-    m_worker->Wait();
+    if (m_worker)
+        m_worker->Wait();
 }
 
 void CBatchDlg::SetPageList(const CUrlList& pages)
@@ -55,6 +52,7 @@ BOOL CBatchDlg::OnInitDialog()
 {
     CDialog::OnInitDialog();
     SetIcon(AfxGetApp()->LoadIcon(IDI_APPLICATION_ICON), TRUE);
+    m_hBoxOwner = GetSafeHwnd();
     m_bFinished = 0;
     m_bRunning = 1;
     m_bFetchCurrent = 1;
@@ -92,6 +90,11 @@ void CBatchDlg::CollectOpenPages()
     }
     catch (const _com_error&)
     {}
+}
+
+void CBatchDlg::OnOK()
+{
+    OnCancel();
 }
 
 void CBatchDlg::OnCancel()
@@ -172,10 +175,10 @@ void CBatchDlg::OnPageEnds()
 
 void CBatchDlg::OnNothingCollected()
 {
+    ShowNothingToDo();
     m_bRunning = 0;
     m_bFinished = 1;
-    ShowNothingToDo();
-    MessageBox(AfxLoadString(IDS_NO_FILES), GetWindowText());
+    MessageBoxA(m_hBoxOwner, AfxLoadString(IDS_NO_FILES).c_str(), AfxLoadString(IDS_NO_PAGE).c_str(), MB_OK);
 }
 
 void CBatchDlg::ShowNothingToDo()

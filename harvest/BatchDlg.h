@@ -19,7 +19,7 @@ class CBatchDlg : public CDialog, public CDownloadRun, private IHarvestOwner
 {
 public:
     CBatchDlg();
-    // Stops the worker if the window went without its run's end, serves messages until it has left, and joins it.
+    // Joins the worker, which may be at its last message box; messages are served meanwhile.
     ~CBatchDlg() override;
 
     CFlag m_bScanAllWindows = 0; // the pages are those of all open windows; set before the dialog runs
@@ -31,6 +31,8 @@ protected:
     const MessageMap& GetMessageMap() const override;
     void DoDataExchange(CDataExchange* exchange) override;
     BOOL OnInitDialog() override;
+    // As OnCancel: nothing but the timer ends the dialog.
+    void OnOK() override;
     // Cancel All, OK at the end of the run, Esc and the close box.
     void OnCancel() override;
 
@@ -64,6 +66,7 @@ private:
     CFlag m_bFinished = 0;       // the run counts as over
     CFlag m_bCloseRequested = 0; // the user has pressed the cancel button
     UINT_PTR m_nTimer = 0;       // that closes the window
+    HWND m_hBoxOwner;            // the window, for the worker: it may have gone when the worker asks for its box
     CUrlList m_pageUrls;
     CProgressFields m_fields;
     CComPtr<IShellWindows> m_pShellWindows; // of the user-interface thread

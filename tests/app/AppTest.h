@@ -2,6 +2,8 @@
 #pragma once
 
 #include "app/MainDlg.h"
+#include "base/Paths.h"
+#include "persist/HistoryStore.h"
 #include "resources/Resources.h"
 
 #include "platform/com/Com.h"
@@ -15,27 +17,30 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <functional>
+#include <mutex>
 
 // A dialog whose run can be held up: the hook is called on the worker wherever the run shows something.
-class TestMainDlg : public CMainDlg
+template <class Dialog>
+class TestDlg : public Dialog
 {
 public:
-    TestMainDlg(std::function<void()> whenShowing, std::atomic<HWND>& window)
+    TestDlg(std::function<void()> whenShowing, std::atomic<HWND>& window)
         : m_whenShowing(std::move(whenShowing)), m_window(window)
     {}
 
 private:
     BOOL OnInitDialog() override
     {
-        m_window = GetSafeHwnd();
-        return CMainDlg::OnInitDialog();
+        m_window = this->GetSafeHwnd();
+        return Dialog::OnInitDialog();
     }
     CProgressFields& ProgressFields() override
     {
         if (m_whenShowing)
             m_whenShowing();
-        return CMainDlg::ProgressFields();
+        return Dialog::ProgressFields();
     }
 
     std::function<void()> m_whenShowing;
@@ -53,15 +58,17 @@ protected:
     }
 
     // Runs the dialog; the script ends it, or it is closed when the script is over.
-    void Run(const std::function<void(Robot&)>& script)
+    template <class Dialog = CMainDlg>
+    void Run(
+        const std::function<void(Robot&)>& script, const std::function<void(Dialog&)>& prepare = [](Dialog&) {})
     {
         RunScript(
-            [this] {
+            [&prepare, this] {
                 CoInitialize(nullptr);
                 {
-                    TestMainDlg dialog(m_whenShowing, m_window);
+                    TestDlg<Dialog> dialog(m_whenShowing, m_window);
                     dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
-                    m_prepare(dialog);
+                    prepare(dialog);
                     AfxGetApp()->m_pMainWnd = &dialog;
                     dialog.DoModal();
                     AfxGetApp()->m_pMainWnd = nullptr;
@@ -96,13 +103,63 @@ protected:
         return names;
     }
 
+    // What the history files hold: "page: item>saved as …; " for each page.
+    static std::string History()
+    {
+        CHistoryStore store;
+        store.LoadAll();
+        std::string text;
+        for (const CHistoryItem& item : store.GetItems())
+        {
+            text += item.GetPageUrl() + ':';
+            for (const CHistoryFile& file : item.m_files)
+                text += ' ' + ItemNameOf(file.m_szUrl) + '>' + ItemNameOf(file.m_szLocalPath);
+            text += "; ";
+        }
+        return text;
+    }
+
     TempHome m_home;
     HttpTestServer m_server;
     MemoryBrowser m_browser;
     MemoryUrlCache m_cache;
     std::function<void()> m_whenShowing;
     std::atomic<HWND> m_window{HWND{}}; // of the dialog, from its start on
-    std::function<void(CMainDlg&)> m_prepare = [](CMainDlg&) {};
 };
 
+// Holds a thread up until the test lets it go.
+class Gate
+{
+public:
+    void Pass()
+    {
+        std::unique_lock lock(m_mutex);
+        m_held = true;
+        m_changed.notify_all();
+        m_changed.wait(lock, [this] { return m_open; });
+        m_held = false;
+    }
+    bool IsHeld()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_held;
+    }
+    void Open()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_open = true;
+        m_changed.notify_all();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_held = false;
+    bool m_open = false;
+};
+
+using Names = std::vector<std::string>;
+
 inline constexpr const char* kMainWindow = "Vantroy";
+inline constexpr const char* kDownloading = "Download files now...";
+inline constexpr const char* kComplete = "Download complete!";

@@ -5,47 +5,9 @@
 
 #include <atomic>
 #include <climits>
-#include <condition_variable>
-#include <mutex>
-
-using Names = std::vector<std::string>;
 
 namespace
 {
-
-constexpr const char* kDownloading = "Download files now...";
-constexpr const char* kComplete = "Download complete!";
-
-// Holds a thread up until the test lets it go.
-class Gate
-{
-public:
-    void Pass()
-    {
-        std::unique_lock lock(m_mutex);
-        m_held = true;
-        m_changed.notify_all();
-        m_changed.wait(lock, [this] { return m_open; });
-        m_held = false;
-    }
-    bool IsHeld()
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_held;
-    }
-    void Open()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_open = true;
-        m_changed.notify_all();
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    bool m_held = false;
-    bool m_open = false;
-};
 
 class MainRun : public AppTest
 {
@@ -107,6 +69,7 @@ TEST_F(MainRun, BringsTheFilesOfTheTickedPages)
         WaitUntilEnabled(robot);
     });
     EXPECT_EQ(m_home.Read("Download/c.gif"), "cached");
+    EXPECT_EQ(History(), "http://one/: a.jpg>a.jpg c.gif>c.gif; http://two/: b.jpg>b.jpg; ");
 }
 
 TEST_F(MainRun, SaysWhenThereIsNothingToDownload)
@@ -206,6 +169,7 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
             m_whenShowing = nullptr;
         }
     }
+    EXPECT_EQ(History(), "http://page/: second>second second>second first>first second>second; ");
 }
 
 TEST_F(MainRun, ANoChangesNothing)

@@ -167,7 +167,7 @@ TEST_F(WindowList, EverythingIsWithinReachOfTheKeyboard)
 TEST_F(WindowList, AnswersWithItsIcon)
 {
     LRESULT icon = 0;
-    m_prepare = [&icon](CMainDlg& dialog) { icon = dialog.WindowProc(WM_QUERYDRAGICON, 0, 0); };
-    Run([](Robot& robot) { robot.WaitForWindow(kMainWindow); });
+    Run<CMainDlg>([](Robot& robot) { robot.WaitForWindow(kMainWindow); },
+                  [&icon](CMainDlg& dialog) { icon = dialog.WindowProc(WM_QUERYDRAGICON, 0, 0); });
     EXPECT_EQ(icon, IDI_APPLICATION_ICON);
 }

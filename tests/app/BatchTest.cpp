@@ -1,0 +1,237 @@
+#include "AppTest.h"
+
+#include "app/PageList.h"
+#include "harvest/BatchDlg.h"
+
+#include "platform/testing/Limits.h"
+
+#include <climits>
+#include <filesystem>
+
+namespace
+{
+
+constexpr const char* kGettingList = "Now getting download files list...";
+constexpr const char* kNoPage = "No page to download.";
+
+class BatchRun : public AppTest
+{
+protected:
+    using Script = std::function<void(Robot&)>;
+
+    void RunAll(const Script& script)
+    {
+        Run<CBatchDlg>(script, [](CBatchDlg& dialog) { dialog.m_bScanAllWindows = 1; });
+    }
+    void RunCurrent(const std::vector<std::string>& urls, const Script& script)
+    {
+        CUrlList pages;
+        for (const std::string& url : urls)
+            pages.AddTail(url);
+        Run<CBatchDlg>(script, [&pages](CBatchDlg& dialog) { dialog.SetPageList(pages); });
+    }
+    // Presses the button at the end of the run, which closes the window.
+    static void Leave(Robot& robot, const char* title = kComplete)
+    {
+        robot.WaitForWindow(title);
+        robot.Press("OK", title);
+        robot.WaitForNoWindow(title);
+    }
+    static void CancelAll(Robot& robot, const char* title, const char* answer)
+    {
+        robot.Press("Cancel All", title);
+        EXPECT_EQ(robot.MessageBoxText(), "Are you sure you want to cancel current download task?");
+        robot.Answer(answer);
+    }
+    // The pages of a page list file of that content, one blank behind each; or what the user is told.
+    std::string PageList(const std::string& content) const
+    {
+        m_home.Write("cacheurl.xml", content);
+        return PageList();
+    }
+    static std::string PageList()
+    {
+        CUrlList pages;
+        std::string text = ReadPageList(pages);
+        for (const std::string& url : pages)
+            text += url + ' ';
+        return text;
+    }
+};
+
+} // namespace
+
+TEST_F(BatchRun, TakesEveryOpenPageAndStaysUntilItIsDismissed)
+{
+    m_home.Write("copy", "cached");
+    m_cache.Add("http://h/c.gif", m_home.Path("copy"));
+    const std::string a = Served("/a.jpg", "one");
+    m_browser.SetWindows({Page(L"http://one/", L"One", {a, "http://h/c.gif"}),
+                          MemoryWindow{MemoryWindow::Kind::Folder, {}, {}, {}, {}},
+                          Page(L"about:blank", L"", {Served("/b.jpg", "two")}), Page(L"http://one/", L"One", {a})});
+    RunAll([this](Robot& robot) {
+        robot.WaitForWindow(kComplete);
+        EXPECT_FALSE(robot.IsShown("Cancel Current", kComplete));
+        EXPECT_EQ(robot.Text("Download File:", kComplete), "/a.jpg");
+        EXPECT_TRUE(robot.StaysFalse([this] { return !IsWindow(m_window); }, Robot::Milliseconds(300)));
+        EXPECT_EQ(robot.LayoutFaults(kComplete), "");
+        Leave(robot);
+    });
+    EXPECT_EQ(Saved(), (Names{"a.jpg", "b.jpg", "c.gif"}));
+    EXPECT_FALSE(m_home.Exists("History"));
+}
+
+TEST_F(BatchRun, TakesTheNamedPagesAlone)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a", "a")}),
+                          Page(L"http://two/", L"Two", {Served("/b", "b")}),
+                          Page(L"http://three", L"Three", {Served("/c", "c")})});
+    RunCurrent({"http://two", "http://three/", "http://nowhere/"}, [](Robot& robot) { Leave(robot); });
+    EXPECT_EQ(Saved(), Names{"b"});
+}
+
+TEST_F(BatchRun, SaysWhenThereIsNothingToDownload)
+{
+    const auto script = [](Robot& robot) {
+        EXPECT_EQ(robot.MessageBoxText(), "No files to download.");
+        EXPECT_FALSE(robot.IsShown("Cancel Current"));
+        robot.Answer("OK");
+        Leave(robot, kNoPage);
+    };
+    m_browser.SetWindows({Page(L"http://one/", L"One")});
+    RunAll(script);
+    RunCurrent({}, script);
+}
+
+TEST_F(BatchRun, EndsInOrderWhenTheBrowserFails)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a", "a")})});
+    m_browser.Fail("CoCreateInstance", RPC_E_DISCONNECTED);
+    RunAll([this](Robot& robot) {
+        EXPECT_EQ(robot.MessageBoxText(), "Error creating ie doc window!");
+        robot.Answer("OK");
+        robot.WaitUntil([this] { return !IsWindow(m_window); }, "the end of the dialog");
+    });
+    for (const char* call : {"IShellWindows::get_Count", "IShellWindows::Item"})
+    {
+        m_browser.Fail(call, RPC_E_DISCONNECTED);
+        RunAll([](Robot& robot) { Leave(robot, kNoPage); });
+    }
+    EXPECT_TRUE(Saved().empty());
+}
+
+// A walk and an item in hand are not stopped: the walk goes to its end, the item is stored, then the window goes by
+// itself.
+TEST_F(BatchRun, ClosesBehindWhatItHasInHandWhenItIsCancelled)
+{
+    const std::pair<bool, Names> cases[] = {{true, {}}, {false, {"first"}}};
+    for (const auto& [inTheWalk, saved] : cases)
+    {
+        Gate gate;
+        std::atomic<int> shown = 0;
+        if (inTheWalk)
+            m_browser.SetHook([&gate](const std::string& call) {
+                if (call == "IHTMLDocument2::get_images")
+                    gate.Pass();
+            });
+        else
+            m_whenShowing = [&gate, &shown] {
+                if (++shown == 10)
+                    gate.Pass();
+            };
+        m_browser.SetWindows(
+            {Page(L"http://one/", L"One", {Served("/first", std::string(1 << 20, 'f')), Served("/second", "s")})});
+        RunAll([&](Robot& robot) {
+            const char* title = inTheWalk ? kGettingList : kDownloading;
+            robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the run to be held up");
+            CancelAll(robot, title, "No");
+            CancelAll(robot, title, "Yes");
+            EXPECT_TRUE(robot.StaysFalse([this] { return !IsWindow(m_window); }, Robot::Milliseconds(300)));
+            gate.Open();
+            robot.WaitUntil([this] { return !IsWindow(m_window); }, "the window to close by itself");
+        });
+        EXPECT_EQ(Saved(), saved);
+        m_browser.SetHook(nullptr);
+        m_whenShowing = nullptr;
+    }
+}
+
+TEST_F(BatchRun, CancelsTheItemInHandAndGoesOn)
+{
+    Gate gate;
+    std::atomic<int> shown = 0;
+    m_whenShowing = [&gate, &shown] {
+        if (++shown == 10)
+            gate.Pass();
+    };
+    m_browser.SetWindows(
+        {Page(L"http://one/", L"One", {Served("/first", std::string(1 << 20, 'f')), Served("/second", "s")})});
+    RunAll([&gate](Robot& robot) {
+        robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the item to be held up");
+        robot.Press("Cancel Current", kDownloading);
+        gate.Open();
+        Leave(robot);
+    });
+    EXPECT_EQ(Saved(), Names{"second"});
+}
+
+// Asked to close at every moment of a run; what counts is that each dialog ends, and that the sanitizers stay quiet.
+TEST_F(BatchRun, IsCancelledManyTimes)
+{
+    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a", std::string(20000, 'a')), Served("/b", "b")})});
+    for (int round = 0; round < 60; ++round)
+    {
+        std::atomic<int> calls = 0;
+        const auto closeAt = [&calls, round, this] {
+            if (++calls == round % 30 + 1)
+                PostMessageA(m_window, WM_CLOSE, 0, 0);
+        };
+        m_browser.SetHook([&](const std::string&) { closeAt(); });
+        m_whenShowing = closeAt;
+        RunAll([this](Robot& robot) {
+            const auto answered = [&robot, this] {
+                if (robot.IsShown("Yes"))
+                    robot.Answer("Yes");
+                return !IsWindow(m_window);
+            };
+            robot.WaitUntil(answered, "the end of the dialog");
+        });
+    }
+}
+
+TEST_F(BatchRun, ReadsThePageListOrSaysWhyNot)
+{
+    const std::string good = "<URLCACHE>\r\n<URL>http://a/?x&amp;y</URL><URL>about:blank</URL>\r\n<OTHER/>"
+                             "<URL>http://b/</URL><URL>http://a/?x&amp;y</URL><URL/></URLCACHE>\r\n";
+    const std::string damaged = "Error occured while parsing url cache file, please try again.";
+    const std::pair<std::string, std::string> cases[] = {
+        {good, "http://a/?x&y http://b/  "},
+        {"<?xml version=\"1.0\"?>" + good, "http://a/?x&y http://b/  "},
+        {good + '\0' + "rest", "http://a/?x&y http://b/  "},
+        {"<URLCACHE/>", ""},
+        {"<other><URL>http://a/</URL></other>", ""},
+        {"<URLCACHE><URL>about:blank</URL></URLCACHE>", ""},
+        {"", damaged},
+        {" \r\n", damaged},
+        {"http://a/", damaged},
+        {"<URLCACHE><URL>http://a/</URLCACHE></URL>", damaged},
+        {std::string(1 << 20, '<'), damaged},
+    };
+    for (const auto& [content, result] : cases)
+    {
+        EXPECT_EQ(PageList(content), result) << content.substr(0, 200);
+    }
+    for (std::size_t length = 0; length < good.rfind('>'); ++length)
+    {
+        ASSERT_EQ(PageList(good.substr(0, length)), damaged) << length;
+    }
+    {
+        const MemoryLimit memory(16);
+        EXPECT_EQ(PageList(), "Memory not enouth.Please close some other application and try again.");
+    }
+    EXPECT_TRUE(m_home.Exists("cacheurl.xml"));
+    std::filesystem::remove(m_home.Path("cacheurl.xml"));
+    EXPECT_EQ(PageList(), "Unable to read url cache file: cacheurl.xml");
+    std::filesystem::create_directory(m_home.Path("cacheurl.xml"));
+    EXPECT_EQ(PageList(), "Unable to read url cache file: cacheurl.xml");
+}
