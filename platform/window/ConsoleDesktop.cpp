@@ -1,5 +1,6 @@
 #include "platform/window/ConsoleDesktop_p.h"
 
+#include "platform/system/Thread_p.h"
 #include "platform/window/ConsoleProgress_p.h"
 #include "platform/window/Messages.h"
 #include "platform/window/Resource.h"
@@ -99,7 +100,7 @@ bool ConsoleDesktop::MayOpen(const DialogTemplate& dialog)
 void ConsoleDesktop::Watch(WindowRecord& record, const DialogTemplate& dialog)
 {
     if (HasProgressBar(dialog))
-        ConsoleProgress::Attach(*this, record, dialog);
+        m_windows.push_back(ConsoleProgress::Attach(*this, record, dialog));
 }
 
 void ConsoleDesktop::NoteItem()
@@ -110,6 +111,16 @@ void ConsoleDesktop::NoteItem()
 void ConsoleDesktop::Stop(int signal)
 {
     m_nSignal = signal;
+}
+
+void ConsoleDesktop::BreakOff()
+{
+    for (const auto& window : m_windows)
+    {
+        if (const auto progress = window.lock())
+            progress->PressAllButCancel();
+    }
+    CancelSynchronousIoOfAll();
 }
 
 int ConsoleDesktop::Status() const

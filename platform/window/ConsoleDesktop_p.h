@@ -10,6 +10,7 @@
 #include <atomic>
 #include <memory>
 
+class ConsoleProgress;
 class WindowRecord;
 struct DialogTemplate;
 
@@ -45,8 +46,10 @@ public:
     void Watch(WindowRecord& record, const DialogTemplate& dialog);
     // A dialog shows an item.
     void NoteItem();
-    // The run is to stop, by the signal.
+    // The run is to stop, by the signal: questions are answered "Yes" from now on.
     void Stop(int signal);
+    // It is not to wait for the item in hand: cancels what the windows let a user cancel, then all blocking calls.
+    void BreakOff();
 
     // The exit status of the run.
     int Status() const;
@@ -57,6 +60,7 @@ private:
     std::atomic<bool> m_bMessageShown = false; // that was no question
     std::atomic<bool> m_bAnythingShown = false;
     std::atomic<int> m_nSignal = 0;
+    std::vector<std::weak_ptr<ConsoleProgress>> m_windows;
     bool m_bItemShown = false;
     bool m_bRefused = false; // the very first dialog
 };

@@ -29,14 +29,21 @@ std::vector<std::string> TextsOf(const std::vector<HWND>& windows)
     return texts;
 }
 
+bool CanBePressed(HWND button)
+{
+    return IsWindowVisible(button) && IsWindowEnabled(button);
+}
+
 } // namespace
 
-void ConsoleProgress::Attach(ConsoleDesktop& console, WindowRecord& dialog, const DialogTemplate& source)
+std::shared_ptr<ConsoleProgress> ConsoleProgress::Attach(ConsoleDesktop& console, WindowRecord& dialog,
+                                                         const DialogTemplate& source)
 {
     const std::shared_ptr<ConsoleProgress> progress(new ConsoleProgress(console, dialog, source));
     dialog.SetWatch(progress);
     for (const HWND control : progress->m_watched)
         WindowTable::Get().Find(control)->SetWatch(progress);
+    return progress;
 }
 
 ConsoleProgress::ConsoleProgress(ConsoleDesktop& console, WindowRecord& dialog, const DialogTemplate& source)
@@ -161,10 +168,18 @@ void ConsoleProgress::Tick()
 
 HWND ConsoleProgress::OnlyButton() const
 {
-    const auto canBePressed = [](HWND button) { return IsWindowVisible(button) && IsWindowEnabled(button); };
-    const auto first = std::ranges::find_if(m_buttons, canBePressed);
-    const bool isOnly = first != m_buttons.end() && std::none_of(first + 1, m_buttons.end(), canBePressed);
+    const auto first = std::ranges::find_if(m_buttons, CanBePressed);
+    const bool isOnly = first != m_buttons.end() && std::none_of(first + 1, m_buttons.end(), CanBePressed);
     return isOnly ? *first : HWND();
+}
+
+void ConsoleProgress::PressAllButCancel() const
+{
+    for (const HWND button : m_buttons)
+    {
+        if (GetDlgCtrlID(button) != IDCANCEL && CanBePressed(button))
+            SendMessageA(button, BM_CLICK, 0, 0);
+    }
 }
 
 void ConsoleProgress::PressOkIfAlone()

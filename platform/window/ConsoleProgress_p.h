@@ -27,12 +27,17 @@ class ConsoleProgress : public WindowWatch
 {
 public:
     // For the new window of a dialog. User-interface thread.
-    static void Attach(ConsoleDesktop& console, WindowRecord& dialog, const DialogTemplate& source);
+    static std::shared_ptr<ConsoleProgress> Attach(ConsoleDesktop& console, WindowRecord& dialog,
+                                                   const DialogTemplate& source);
     ~ConsoleProgress() override;
 
     void OnTextChanges(const WindowRecord& window, const std::string& text) override;
     void OnBarChanges(UINT message, WPARAM wParam) override;
     void OnWindowGoes(const WindowRecord& window) override;
+
+    // Presses the buttons that stop less than the whole run: what is broken off then must not pass for complete.
+    // User-interface thread.
+    void PressAllButCancel() const;
 
 private:
     enum class Item

@@ -2,7 +2,6 @@
 
 #include "platform/files/InstallHome.h"
 #include "platform/system/CommandLine.h"
-#include "platform/system/Thread_p.h"
 #include "platform/window/DesktopStart_p.h"
 #include "platform/window/MessageBox_p.h"
 #include "platform/window/Picture_p.h"
@@ -73,7 +72,7 @@ int RunOnConsole(CWinApp& application, ConsoleDesktop& console)
         if (count == 1)
             Leave();
         else
-            CancelSynchronousIoOfAll();
+            console.BreakOff();
     };
     const TerminationSignals termination(kConsoleSignals, 2, stop);
     const int status = RunApplication(application);

@@ -26,6 +26,7 @@ public:
 
     CProgressFields m_fields;
     std::atomic<bool> m_bCancelled = false;
+    std::atomic<bool> m_bItemCancelled = false;
 
     void Item(const std::string& from, const std::string& file, DWORD size, DWORD percent)
     {
@@ -53,9 +54,10 @@ public:
 protected:
     const MessageMap& GetMessageMap() const override
     {
-        static const MessageMap map{
-            &CDialog::StaticMessageMap(),
-            {On(WM_REFRESH_FIELDS, &RunDialog::OnRefreshFields), ::OnTimer(&RunDialog::OnTimer)}};
+        static const MessageMap map{&CDialog::StaticMessageMap(),
+                                    {On(WM_REFRESH_FIELDS, &RunDialog::OnRefreshFields),
+                                     OnCommand(IDC_CANCEL_CURRENT, &RunDialog::OnCancelCurrent),
+                                     ::OnTimer(&RunDialog::OnTimer)}};
         return map;
     }
     void DoDataExchange(CDataExchange* exchange) override
@@ -90,6 +92,10 @@ private:
     {
         UpdateData(FALSE);
         return 0;
+    }
+    void OnCancelCurrent()
+    {
+        m_bItemCancelled = true;
     }
     void OnTimer(UINT_PTR)
     {
@@ -127,7 +133,7 @@ void Boxes(RunDialog& dialog)
 void Deaf(RunDialog& dialog)
 {
     dialog.Endless(IsSynchronousIoCancelled);
-    AfxMessageBox("I go on.");
+    AfxMessageBox(dialog.m_bItemCancelled ? "I go on." : "A part is taken for the whole.");
     dialog.Endless([] { return false; });
 }
 
