@@ -1,0 +1,43 @@
+"""A home, the demo server and a real browser on its pages: what the end-to-end tests stand on."""
+import pathlib
+import sys
+import tempfile
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / 'scripts'))
+import stage
+
+SITE = stage.ROOT / 'demo/site'
+PICTURE_KINDS = ('.jpg', '.png', '.gif', '.svg')
+SOUND_KINDS = ('.mp3', '.MP3', '.swf')
+
+
+def media(pages, kinds):
+    """Path at the server to content, of all files of these kinds beside the pages."""
+    return {f'/{file.relative_to(SITE).as_posix()}': file.read_bytes()
+            for page in pages for file in sorted((SITE / page).iterdir()) if file.suffix in kinds}
+
+
+def by_name(files):
+    """The names that the files get in the save folder."""
+    return {path.split('/')[-1]: content for path, content in files.items()}
+
+
+class DemoTest(unittest.TestCase):
+    def setUp(self):
+        self.base = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix='vantroy-e2e-')))
+        self.log = self.base / 'requests'
+        self.home = self.base / 'home'
+        self.home.mkdir()
+        self.folder = self.home / 'Download'
+        self.server = self.enterContext(stage.DemoServer(self.log))
+        browser = self.enterContext(stage.Browser(self.server.pages))
+        self.variables = {'VANTROY_HOME': str(self.home), 'VANTROY_BROWSER': browser.endpoint,
+                          'VANTROY_HTTP_PORT': str(self.server.port)}
+
+    def saved(self):
+        return {file.name: file.read_bytes() for file in self.folder.iterdir()}
+
+    def assert_same_files(self, wanted, found):
+        self.assertEqual(sorted(wanted), sorted(found))
+        self.assertEqual([], [name for name in wanted if wanted[name] != found[name]])

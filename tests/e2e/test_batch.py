@@ -1,0 +1,93 @@
+"""The modes that ask nothing, without a display, as a script or a timer starts them."""
+import os
+import signal
+import subprocess
+import unittest
+
+import demo
+from demo import stage
+
+PAGES = ('coast', 'patterns', 'sounds')
+MEDIA = demo.media(PAGES, demo.PICTURE_KINDS + demo.SOUND_KINDS)
+# Two pages name their cover the same.
+SAVED = demo.by_name(MEDIA) | {'cover.jpg': MEDIA['/coast/cover.jpg'], 'cover1.jpg': MEDIA['/patterns/cover.jpg']}
+
+
+class BatchModes(demo.DemoTest):
+    def setUp(self):
+        super().setUp()
+        (self.home / 'config.xml').write_text(
+            f'<CONFIG><SAVEFOLDER>{self.folder}</SAVEFOLDER><LIMITFILETYPE>7</LIMITFILETYPE></CONFIG>')
+        self.folder.mkdir()
+        screens = ('DISPLAY', 'WAYLAND_DISPLAY', 'QT_QPA_PLATFORM')
+        self.environment = {name: value for name, value in os.environ.items() if name not in screens} | self.variables
+
+    def run_program(self, *arguments, status=0):
+        done = subprocess.run([stage.PROGRAM, *arguments], env=self.environment, capture_output=True, text=True,
+                              timeout=120, stdin=subprocess.DEVNULL)
+        self.assertEqual(status, done.returncode, done.stdout + done.stderr)
+        return done
+
+    def test_every_file_of_every_open_page_arrives(self):
+        done = self.run_program('--all')
+        self.assert_same_files(SAVED, self.saved())
+        self.assertFalse((self.home / 'History').exists())
+        self.assertEqual('', done.stderr)
+        lines = done.stdout.splitlines()
+        self.assertEqual(['Now getting download files list...', 'Download files now...'], lines[:2])
+        self.assertEqual('Download complete!', lines[-1])
+        # Each file has its line, with its size.
+        self.assertEqual({f'{len(content)} Bytes' for content in MEDIA.values()},
+                         {part for line in lines for part in line.split('  ') if part.endswith(' Bytes')})
+
+    def test_the_pages_of_the_file_alone(self):
+        pages = [page for page in self.server.pages if not page.endswith('/patterns/')]
+        (self.home / 'cacheurl.xml').write_text(
+            '<URLCACHE>' + ''.join(f'<URL>{page}</URL>' for page in [*pages, pages[0], 'http://nowhere/']) + '</URLCACHE>')
+        self.run_program('/current')
+        self.assert_same_files(demo.by_name(demo.media(('coast', 'sounds'), demo.PICTURE_KINDS + demo.SOUND_KINDS)),
+                               self.saved())
+
+    def test_the_status_says_what_was_wrong(self):
+        self.assertIn('Unable to read url cache file: cacheurl.xml', self.run_program('--current', status=1).stderr)
+        (self.home / 'cacheurl.xml').write_text('<URLCACHE/>')
+        self.assertIn('No files to download.', self.run_program('--current', status=1).stderr)
+        self.assertIn('display', self.run_program(status=2).stderr)
+        self.environment['VANTROY_BROWSER'] = 'http://127.0.0.1:1'
+        self.assertIn('Error creating ie doc window!', self.run_program('--all', status=1).stderr)
+        self.assertEqual({}, self.saved())
+
+    def test_ctrl_c_lets_the_item_in_hand_arrive(self):
+        slow = self.enterContext(SlowServer())
+        self.environment['VANTROY_HTTP_PORT'] = str(slow.port)
+        (self.home / 'cacheurl.xml').write_text(f'<URLCACHE><URL>{self.server.pages[2]}</URL></URLCACHE>')
+        (self.home / 'config.xml').write_text(
+            f'<CONFIG><SAVEFOLDER>{self.folder}</SAVEFOLDER><LIMITFILETYPE>2</LIMITFILETYPE></CONFIG>')
+        with stage.process([stage.PROGRAM, '--current'], env=self.environment, stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL) as program:
+            self.assertTrue(slow.asked.wait(60))
+            program.send_signal(signal.SIGINT)
+            slow.go_on.set()
+            self.assertEqual(130, program.wait(60))
+        self.assertEqual({'ten-quiet-seconds.mp3': b'slow'}, self.saved())
+
+
+class SlowServer(stage.DemoServer):
+    """Answers every request, once it may, with the same four bytes."""
+
+    def handler(self, serve):
+        self.asked, self.go_on = stage.threading.Event(), stage.threading.Event()
+
+        class Handler(serve.Handler):
+            def do_GET(handler):
+                handler.send_response(200)
+                handler.send_header('Content-Length', '4')
+                handler.end_headers()
+                self.asked.set()
+                self.go_on.wait(60)
+                handler.wfile.write(b'slow')
+        return Handler
+
+
+if __name__ == '__main__':
+    unittest.main()
