@@ -24,7 +24,7 @@ class MainJob(demo.DemoTest):
         """The one day of the history, and its text."""
         days = list((self.home / 'History').iterdir())
         self.assertEqual(1, len(days))
-        return days[0].name, days[0].read_text(newline='')
+        return days[0].name, days[0].read_bytes().decode()
 
     def test_every_picture_arrives_and_is_asked_for_once(self):
         self.run_program()
