@@ -14,7 +14,7 @@ Brings the pictures, MP3 music and Flash files of web pages into one folder.
 
   (nothing)      opens the main window, with the pages open in the browser
   --all          downloads all pages that are open in the browser, and ends
-  --current      downloads the pages that a file names, and ends
+  --current      downloads the pages of the list cacheurl.xml, and ends
   -h, --help     prints this text
   --version      prints the version
 

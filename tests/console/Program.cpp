@@ -1,7 +1,5 @@
 #include "Program.h"
 
-#include "Scenarios.h"
-
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>

@@ -6,6 +6,8 @@
 #include <sys/types.h>
 #include <vector>
 
+inline constexpr char kScenarioVariable[] = "CONSOLE_SCENARIO";
+
 enum class Output
 {
     Pipe,

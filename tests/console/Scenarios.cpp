@@ -1,4 +1,5 @@
-#include "Scenarios.h"
+// What these tests run: the executable once more, with the name of a scenario in the environment.
+#include "Program.h"
 
 #include "download/ProgressFields.h"
 #include "resources/ResourceIds.h"
@@ -11,6 +12,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <gtest/gtest.h>
 #include <map>
 #include <thread>
 
@@ -200,9 +202,14 @@ public:
 
 } // namespace
 
-int RunScenario(int argc, char** argv)
+int main(int argc, char** argv)
 {
-    ScenarioApp application;
-    AfxSetResources(VantroyResources());
-    return AfxWinMain(argc, argv);
+    if (std::getenv(kScenarioVariable))
+    {
+        ScenarioApp application;
+        AfxSetResources(VantroyResources());
+        return AfxWinMain(argc, argv);
+    }
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
 }
