@@ -2,6 +2,8 @@
 
 #include "platform/text/Mbcs.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -23,25 +25,29 @@ bool IsOnePair(const char* text)
     return CharNextA(text) == text + 2;
 }
 
-bool IsPlainName(std::string_view name)
+bool IsPlainName(const std::string& name)
 {
-    return !name.empty() && name.find_first_of(" \t\n\r<>=\\/?!\"") == name.npos;
+    const bool bPair = name == kPairName && IsOnePair(kPairName);
+    return bPair || (!name.empty() && name.find_first_of("\\\"") == name.npos);
 }
 
-// Every start tag begins with a plain name, and every end tag is that name without anything around it.
+// The start tag begins with a plain name. The end tag is that name without anything around it; a self-closed tag has
+// one slash, since it would still be self-closed when one of two is taken away.
+bool IsPlain(const std::string& text, const ElementSlot& element)
+{
+    const std::size_t nameEnd = text.find_first_of(" \t\n\r<>=/?!", element.tagStart + 1);
+    const std::string name = text.substr(element.tagStart + 1, nameEnd - element.tagStart - 1);
+    if (!IsPlainName(name))
+        return false;
+    if (element.closeEnd == element.tagEnd)
+        return text[element.closeStart - 1] != '/';
+    return text.substr(element.closeStart, name.size() + 3) == "</" + name + ">";
+}
+
 bool IsPlain(const CXmlDoc& doc)
 {
     const std::string text = doc.GetText();
-    for (const ElementSlot& element : InDocumentOrder(doc))
-    {
-        const std::size_t nameEnd = text.find_first_of(" \t\n\r<>=\\/?!", element.tagStart + 1);
-        const std::string name = text.substr(element.tagStart + 1, nameEnd - element.tagStart - 1);
-        const bool bSelfClosed = element.closeEnd == element.tagEnd;
-        if (!IsPlainName(name) ||
-            (!bSelfClosed && text.substr(element.closeStart, name.size() + 3) != "</" + name + ">"))
-            return false;
-    }
-    return true;
+    return std::ranges::all_of(InDocumentOrder(doc), [&](const ElementSlot& e) { return IsPlain(text, e); });
 }
 
 std::string FaultOfPlaces(const CXmlDoc& doc)
@@ -106,6 +112,7 @@ public:
     EditReport Run()
     {
         const bool bPlain = m_bBuilt || IsPlain(m_doc);
+        m_report.fault = FaultOfPlaces(m_doc);
         while (!m_choice.IsOver() && m_report.fault.empty())
         {
             if (!Step() || !m_report.fault.empty())
@@ -113,7 +120,7 @@ public:
             ++m_report.edits;
             m_report.fault = FaultOfPlaces(m_doc);
             if (m_report.fault.empty() && bPlain)
-                m_report.fault = FaultOfReparse(m_doc);
+                m_report.fault = IsPlain(m_doc) ? FaultOfReparse(m_doc) : "a tag is not as it is written here";
         }
         return m_report;
     }

@@ -10,8 +10,8 @@ std::vector<ElementSlot> InDocumentOrder(const CXmlDoc& doc);
 std::size_t ReadAll(CXmlDoc& doc);
 
 // Edits the document as the bytes choose and checks it after each edit: the places lie in the text, a written value is
-// read back, and the places equal those of a fresh parse. The last one for a document that was built here, or whose end
-// tags are written as they are here; others may read differently from what stands in front of them.
+// read back, and the places equal those of a fresh parse. The last one for a document that was built here or whose tags
+// are written as they are here; an odd end tag reads differently with a new element behind it.
 struct EditReport
 {
     int edits = 0;
