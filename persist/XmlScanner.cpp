@@ -2,8 +2,8 @@
 
 #include "platform/text/Mbcs.h"
 
+#include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace
 {
@@ -62,11 +62,8 @@ std::string_view CXmlScanner::TokenText(const XmlToken& token) const
 
 bool CXmlScanner::ScanToChar(std::int32_t& at, char wanted) const
 {
-    const char* from = m_text.data() + at;
-    const void* found = std::memchr(from, wanted, m_text.size() - at);
-    at = found ? static_cast<std::int32_t>(static_cast<const char*>(found) - m_text.data())
-               : static_cast<std::int32_t>(m_text.size());
-    return found != nullptr;
+    at = static_cast<std::int32_t>(std::min(m_text.find(wanted, at), m_text.size()));
+    return HasCharAt(at);
 }
 
 bool CXmlScanner::FindPattern(std::int32_t& at, std::string_view pattern) const
