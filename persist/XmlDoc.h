@@ -33,8 +33,6 @@ struct ElementSlot
     bool operator==(const ElementSlot&) const = default;
 };
 
-struct XmlToken;
-
 // A false result leaves the positions as they were, except where stated. A search goes forward from the present
 // position alone, so elements are found in the order in which they stand in the text. Names are compared exactly; null
 // or an empty name asks for the next element, whatever its name.
