@@ -1,8 +1,9 @@
-// The XML engine at the work that the history gives it, beside two XML libraries. Prints Markdown tables; each figure
-// is the median of several rounds in turn.
+// The XML engine at the work that the history gives it, beside two XML libraries, and the history itself. Prints
+// Markdown tables; each figure is the median of several rounds in turn.
 //
 // usage: bench_persist [ROUNDS]
 
+#include "bench/HistoryBench.h"
 #include "bench/Rounds.h"
 #include "persist/XmlDoc.h"
 
@@ -184,6 +185,7 @@ int main(int argc, char** argv)
         const int rounds = RoundsAsked(argc, argv);
         BenchReading(rounds);
         BenchBuilding(rounds);
+        BenchHistory(rounds);
         return 0;
     }
     catch (const std::exception& error)

@@ -1,0 +1,114 @@
+#include "bench/HistoryBench.h"
+
+#include "bench/Rounds.h"
+#include "persist/HistoryStore.h"
+
+#include "platform/testing/TempHome.h"
+
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+
+namespace
+{
+
+constexpr int kDays = 365;
+constexpr int kFilesOfPage = 3;
+
+std::string PageUrl(int page)
+{
+    return "http://www.example.com/gallery/" + std::to_string(page) + "/index.php?set=7";
+}
+
+CHistoryItem PageWithFiles(int page, int files)
+{
+    CHistoryItem item;
+    item.SetPageUrl(PageUrl(page));
+    for (int file = 0; file < files; ++file)
+    {
+        CHistoryFile entry;
+        entry.SetUrl(PageUrl(page) + "/picture" + std::to_string(file) + ".jpg");
+        item.AddFile(entry);
+    }
+    return item;
+}
+
+void MarkAll(CHistoryStore& store, int pages, int files)
+{
+    for (int page = 0; page < pages; ++page)
+        for (int file = 0; file < files; ++file)
+            store.MarkFileDone(PageUrl(page) + "/picture" + std::to_string(file) + ".jpg", "/home/user/Download/p.jpg");
+}
+
+// A history of distinct pages, spread over the days of a year.
+void WriteHistory(int pages)
+{
+    constexpr std::int32_t kFirstDay = 1041422400;
+    constexpr std::int32_t kSecondsOfDay = 86400;
+    CHistoryStore store;
+    for (int page = 0; page < pages; ++page)
+    {
+        CHistoryItem item = PageWithFiles(page, kFilesOfPage);
+        item.SetTime(kFirstDay + page * kDays / pages * kSecondsOfDay);
+        store.AddItem(std::move(item));
+    }
+    MarkAll(store, pages, kFilesOfPage);
+    store.SaveItems();
+}
+
+void Row(const char* what, int count, const std::vector<double>& times, double& before)
+{
+    const double each = MedianOf(times) / count;
+    std::printf("| %s %d | %.4f s | %.2f us | ", what, count, MedianOf(times), each * 1e6);
+    if (before > 0)
+        std::printf("%.2f |\n", each / before);
+    else
+        std::printf("|\n");
+    before = each;
+}
+
+void BenchLoading(int rounds)
+{
+    double before = 0;
+    for (const int pages : {1000, 10000, 100000})
+    {
+        const TempHome home;
+        WriteHistory(pages);
+        std::vector<double> times;
+        for (int round = 0; round < rounds; ++round)
+        {
+            CHistoryStore store;
+            times.push_back(TimeOf([&store] { store.LoadAll(); }));
+            if (store.GetItems().size() != static_cast<std::size_t>(pages))
+                throw std::runtime_error("the history did not come back");
+        }
+        Row("LoadAll, pages:", pages, times, before);
+    }
+}
+
+void BenchMarking(int rounds)
+{
+    constexpr int kPages = 100;
+    double before = 0;
+    for (const int files : {1000, 10000, 100000})
+    {
+        std::vector<double> times;
+        for (int round = 0; round < rounds; ++round)
+        {
+            CHistoryStore store;
+            for (int page = 0; page < kPages; ++page)
+                store.AddItem(PageWithFiles(page, files / kPages));
+            times.push_back(TimeOf([&] { MarkAll(store, kPages, files / kPages); }));
+        }
+        Row("MarkFileDone, files:", files, times, before);
+    }
+}
+
+} // namespace
+
+void BenchHistory(int rounds)
+{
+    std::printf("\n| History | Time | For each | To the size before |\n|---|---|---|---|\n");
+    BenchLoading(rounds);
+    BenchMarking(rounds);
+}

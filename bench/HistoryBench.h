@@ -1,0 +1,4 @@
+// The history at growing sizes, as Markdown tables.
+#pragma once
+
+void BenchHistory(int rounds);
