@@ -20,10 +20,11 @@ constexpr UINT kCloseInterval = 100; // milliseconds
 CBatchDlg::CBatchDlg() : CDialog(IDD_BATCH)
 {}
 
-CBatchDlg::~CBatchDlg()
+INT_PTR CBatchDlg::DoModal()
 {
-    if (m_worker)
-        m_worker->Wait();
+    const INT_PTR result = CDialog::DoModal();
+    m_worker.reset();
+    return result;
 }
 
 void CBatchDlg::SetPageList(const CUrlList& pages)

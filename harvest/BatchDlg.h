@@ -19,13 +19,14 @@ class CBatchDlg : public CDialog, public CDownloadRun, private IHarvestOwner
 {
 public:
     CBatchDlg();
-    // Joins the worker, which may be at its last message box; messages are served meanwhile.
-    ~CBatchDlg() override;
 
     CFlag m_bScanAllWindows = 0; // the pages are those of all open windows; set before the dialog runs
 
     // The pages of the run, without duplicates, if they are not those of all open windows.
     void SetPageList(const CUrlList& pages);
+
+    // Returns when the window has closed and the worker, which may still be at its last message box, has left.
+    INT_PTR DoModal() override;
 
 protected:
     const MessageMap& GetMessageMap() const override;

@@ -137,7 +137,13 @@ int ShowMessageBox(HWND owner, const std::string& text, const std::string& capti
     if (ConsoleDesktop* console = ConsoleDesktop::Current())
         return console->AnswerBox(text, type & kButtonMask);
     const auto wait = std::make_shared<ModalWait>();
-    if (!RunOnDesktop([&] { OpenBox(owner, text, caption, type, wait); }))
+    const auto open = [&] {
+        if (owner && !IsWindow(owner))
+            wait->End(0);
+        else
+            OpenBox(owner, text, caption, type, wait);
+    };
+    if (!RunOnDesktop(open))
         return ButtonsOf(type).back().answer;
     return wait->WaitForEnd();
 }

@@ -48,6 +48,16 @@ class BatchModes(demo.DemoTest):
         self.assert_same_files(demo.by_name(demo.media(('coast', 'sounds'), demo.PICTURE_KINDS + demo.SOUND_KINDS)),
                                self.saved())
 
+    def test_a_setting_written_in_another_code_page(self):
+        folder = self.base / '乗'  # its second byte is the one of a backslash
+        folder.mkdir()
+        self.environment['VANTROY_CODEPAGE'] = '936'
+        (self.home / 'config.xml').write_bytes(
+            f'<CONFIG>\r\n<SAVEFOLDER>{folder}</SAVEFOLDER>\r\n</CONFIG>\r\n'.encode('gbk'))
+        self.run_program('--all')
+        self.assertEqual(sorted(name for name in SAVED if name.endswith(demo.PICTURE_KINDS)),
+                         sorted(file.name for file in folder.iterdir()))
+
     def test_the_status_says_what_was_wrong(self):
         self.assertIn('Unable to read url cache file: cacheurl.xml', self.run_program('--current', status=1).stderr)
         (self.home / 'cacheurl.xml').write_text('<URLCACHE/>')

@@ -76,7 +76,12 @@ TEST(Workers, AMessageBoxBlocksItsWorkerAlone)
         robot.Answer("Yes");
         worker.Wait();
         EXPECT_EQ(answer, IDYES);
+        const HWND window = dialog.m_hWnd;
         robot.Press("OK", "Form");
+        robot.WaitForNoWindow("Form");
+        Worker late([&] { answer = MessageBoxA(window, "Go on?", "Ask", MB_YESNO); });
+        late.Wait();
+        EXPECT_EQ(answer, 0);
     });
 }
 
