@@ -53,7 +53,7 @@ std::vector<char*> Pointers(std::vector<std::string>& texts)
     std::vector<std::string> environment = start.environment;
     environment.push_back(std::string(kScenarioVariable) + "=" + start.scenario);
     environment.insert(environment.end(), {"LANG=C", "TERM=xterm"});
-    for (const char* name : {"LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"})
+    for (const char* name : {"VANTROY_HOME", "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"})
     {
         if (const char* value = std::getenv(name))
             environment.push_back(std::string(name) + "=" + value);

@@ -2,6 +2,8 @@
 // the process is killed and the test sees an end that it does not expect.
 #pragma once
 
+#include "platform/testing/TempHome.h"
+
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -57,6 +59,7 @@ private:
     // False after the deadline, and once both streams have ended.
     bool ReadMore();
 
+    const TempHome m_home;
     pid_t m_process = -1;
     Stream m_streams[2];
 };
