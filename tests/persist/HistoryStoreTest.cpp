@@ -1,6 +1,7 @@
-#include "persist/HistoryStore.h"
+#include "tests/persist/InCodePage.h"
 
 #include "persist/DownloadSetting.h"
+#include "persist/HistoryStore.h"
 
 #include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
@@ -245,6 +246,16 @@ TEST_F(HistoryFilesTest, AFileThatIsDamagedAnywhereCountsForNothing)
     store.LoadFile(m_home.Folder());
     store.LoadFile(m_home.Path("none"));
     EXPECT_TRUE(store.GetItems().empty());
+}
+
+TEST_F(HistoryFilesTest, FilesOfAnotherCodePageKeepTheirText)
+{
+    ExpectInCodePage("936", [this] {
+        const std::string record = Record("1", "http://\x81\x5C/", {"\xD5\xBE.jpg>/\xCF\xC2\xD4\xD8/\x81\x5C.jpg"});
+        EXPECT_EQ(Loaded(record), "1 http://\x81\x5C/: \xD5\xBE.jpg>/\xCF\xC2\xD4\xD8/\x81\x5C.jpg;");
+        Save("\x81\x5C", "\x81\x5C");
+        EXPECT_EQ(LoadedAll(), "1056441600 \x81\x5C: \x81\x5C>/s/\x81\x5C;");
+    });
 }
 
 TEST_F(HistoryFilesTest, WhatCannotBeWrittenWholeIsTakenBack)

@@ -1,8 +1,8 @@
+#include "tests/persist/InCodePage.h"
 #include "tests/persist/XmlChecks.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
 
 namespace
@@ -290,18 +290,9 @@ void ReadDoubleBytes()
     EditAtRandom(100);
 }
 
-// The code page is read once by a process, so this takes one of its own.
 TEST(XmlDoc, StepsByCharacterInDoubleBytePages)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    setenv("VANTROY_CODEPAGE", "936", 1);
-    EXPECT_EXIT(
-        {
-            ReadDoubleBytes();
-            std::_Exit(HasFailure());
-        },
-        testing::ExitedWithCode(0), "");
-    unsetenv("VANTROY_CODEPAGE");
+    ExpectInCodePage("936", ReadDoubleBytes);
 }
 
 } // namespace
