@@ -11,6 +11,6 @@ TEST(Resources, AreWithoutFault)
 TEST(Resources, HaveATextForEachNumber)
 {
     AfxSetResources(VantroyResources());
-    for (UINT id = IDS_ABOUT_SYSTEM; id <= IDS_NO_BATCH; ++id)
+    for (UINT id = IDS_ABOUT_SYSTEM; id <= IDS_BAD_URL_CACHE; ++id)
         EXPECT_FALSE(AfxLoadString(id).empty()) << id;
 }
