@@ -2,7 +2,13 @@
 
 const ResourceTable& VantroyResources()
 {
-    static const ResourceTable table{"Vantroy",       "vantroy",          DialogResources(), MenuResources(),
-                                     TextResources(), PictureResources(), VersionResource(), UsageResource()};
+    static const ResourceTable table{.applicationName = "Vantroy",
+                                     .desktopFile = "vantroy",
+                                     .dialogs = DialogResources(),
+                                     .menus = MenuResources(),
+                                     .texts = TextResources(),
+                                     .pictures = PictureResources(),
+                                     .version = VersionResource(),
+                                     .usage = UsageResource()};
     return table;
 }

@@ -28,11 +28,20 @@ public:
     DWORD GetPos() const;
 };
 
+class CImageList;
+
 // A list of rows with columns. Rows and columns count from 0. Changes of a row's text, tick or selection are told to
-// the parent as LVN_ITEMCHANGED (NMLISTVIEW), a right click anywhere in the control, or the menu key, as NM_RCLICK.
+// the parent as LVN_ITEMCHANGED (NMLISTVIEW), a double click on a row, or Enter, as NM_DBLCLK, a right click anywhere
+// in the control, or the menu key, as NM_RCLICK.
 class CListCtrl : public CWnd
 {
 public:
+    // A child of `parent` with a control number, outside a dialog. FALSE if it cannot be made.
+    BOOL Create(const RECT& area, CWnd* parent, UINT id);
+    void SetImageList(const CImageList& images);
+    // While off, changes neither show nor are they told to the parent.
+    void SetRedraw(BOOL redraw);
+
     DWORD GetExtendedStyle() const;
     // Gives the old style.
     DWORD SetExtendedStyle(DWORD style);
@@ -40,9 +49,13 @@ public:
     int InsertColumn(int column, const std::string& caption, int width);
     int GetColumnCount() const;
 
+    BOOL DeleteColumn(int column);
+
     int GetItemCount() const;
-    // Gives the row it got: a place beyond the end is the end.
-    int InsertItem(int row, const std::string& text);
+    // Gives the row it got: a place beyond the end is the end. `image` is one of the image list.
+    int InsertItem(int row, const std::string& text, int image = -1);
+    // The first selected row; -1 if none is.
+    int GetFirstSelectedItem() const;
     BOOL SetItemText(int row, int column, const std::string& text);
     std::string GetItemText(int row, int column) const;
     BOOL DeleteAllItems();

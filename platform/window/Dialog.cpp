@@ -1,13 +1,13 @@
 #include "platform/window/Dialog.h"
 
 #include "platform/window/ConsoleDesktop_p.h"
+#include "platform/window/Creation_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/DialogBuilder_p.h"
 #include "platform/window/DialogWidget_p.h"
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/WinApp.h"
 #include "platform/window/WindowRecord_p.h"
-#include "platform/window/WindowTable_p.h"
 
 struct CDialog::Modal : ModalWait
 {
@@ -15,11 +15,6 @@ struct CDialog::Modal : ModalWait
 
 namespace
 {
-
-std::shared_ptr<WindowRecord> RecordOf(const CWnd* window)
-{
-    return window ? WindowTable::Get().Find(window->GetSafeHwnd()) : nullptr;
-}
 
 // Makes the window for the object, up to the end of its OnInitDialog. Null if it cannot be made.
 std::shared_ptr<WindowRecord> Make(CDialog& dialog, UINT templateId, const CWnd* parent, bool modal)
@@ -32,16 +27,8 @@ std::shared_ptr<WindowRecord> Make(CDialog& dialog, UINT templateId, const CWnd*
     if (console)
         console->Watch(*record, *source);
     record->Attach(dialog, true);
-    try
-    {
-        if (record->Send(WM_INITDIALOG, 0, 0) && !record->IsGone())
-            static_cast<DialogWidget&>(record->Peer()->Widget()).FocusFirstControl();
-    }
-    catch (...)
-    {
-        record->Destroy();
-        throw;
-    }
+    if (SendFirst(*record, WM_INITDIALOG) && !record->IsGone())
+        static_cast<DialogWidget&>(record->Peer()->Widget()).FocusFirstControl();
     return record;
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/window/Controls.h"
 #include "platform/window/CursorPosition_p.h"
-#include "platform/window/QtText_p.h"
+#include "platform/window/ItemCells_p.h"
 #include "platform/window/WindowRecord_p.h"
 
 #include <QContextMenuEvent>
@@ -10,39 +10,12 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
 
 namespace
 {
 
-// The cell's bytes as the program gave them.
-constexpr int kBytesRole = Qt::UserRole;
-
-// One line, and not longer than any cell can show: a page's title is anybody's text.
-class CellDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QString displayText(const QVariant& value, const QLocale&) const override
-    {
-        constexpr qsizetype kLongest = 1000;
-        QString text = value.toString().left(kLongest);
-        for (QChar& c : text)
-        {
-            if (c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line)
-                c = u' ';
-        }
-        return text;
-    }
-
-    // Room for the grid's lines, so that they touch no letter.
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        constexpr int kGridRoom = 4;
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kGridRoom);
-    }
-};
+// For the grid's lines, so that they touch no letter.
+constexpr int kGridRoom = 4;
 
 } // namespace
 
@@ -53,7 +26,7 @@ ListWidget::ListWidget(QWidget* parent) : QTreeWidget(parent)
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
-    setItemDelegate(new CellDelegate(this));
+    setItemDelegate(new CellDelegate(kGridRoom, this));
     setHorizontalScrollMode(ScrollPerPixel);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
@@ -65,14 +38,20 @@ ListWidget::ListWidget(QWidget* parent) : QTreeWidget(parent)
             [this](QTreeWidgetItem* item, QTreeWidgetItem*) { NotifyChanged(item, 0); });
 }
 
+void ListWidget::ShowText(const QString& text)
+{
+    if (!text.isEmpty())
+        setAccessibleName(text);
+}
+
 bool ListWidget::HasTicks() const
 {
     return m_style & LVS_EX_CHECKBOXES;
 }
 
-QTreeWidgetItem* ListWidget::Row(int row) const
+ListRow* ListWidget::Row(int row) const
 {
-    return row < 0 ? nullptr : topLevelItem(row);
+    return row < 0 ? nullptr : static_cast<ListRow*>(topLevelItem(row));
 }
 
 void ListWidget::PrepareTick(QTreeWidgetItem& item) const
@@ -92,53 +71,106 @@ void ListWidget::SetStyle(DWORD style)
     viewport()->update();
 }
 
+void ListWidget::SetImages(std::shared_ptr<const CImageList::Images> images)
+{
+    m_images = std::move(images);
+    if (m_images)
+        setIconSize(QSize(m_images->width, m_images->width));
+    viewport()->update();
+}
+
+void ListWidget::SetRedraw(bool redraw)
+{
+    m_bQuiet = !redraw;
+    setUpdatesEnabled(redraw);
+}
+
+QStringList ListWidget::Captions() const
+{
+    QStringList captions;
+    for (int column = 0; column < columnCount(); ++column)
+        captions += headerItem()->text(column);
+    return captions;
+}
+
+// The toolkit counts columns of the whole tree and drops the last one: captions and widths go to their places.
+void ListWidget::ShowColumns(const QStringList& captions)
+{
+    setColumnCount(static_cast<int>(captions.size()));
+    if (captions.isEmpty())
+        return;
+    setHeaderLabels(captions);
+    for (int column = 0; column < columnCount(); ++column)
+        setColumnWidth(column, m_widths[static_cast<std::size_t>(column)]);
+    FitLastColumn();
+}
+
 int ListWidget::AddColumn(int column, const QString& caption, int width)
 {
-    // The toolkit counts columns of the whole tree; a new one goes to its place by its captions and widths.
     const int count = columnCount();
     const int place = column < 0 || column > count ? count : column;
     const QSignalBlocker blocker(this);
-    QStringList captions;
-    for (int i = 0; i < count; ++i)
-        captions += headerItem()->text(i);
+    QStringList captions = Captions();
     captions.insert(place, caption);
-    setColumnCount(count + 1);
-    setHeaderLabels(captions);
-    for (int i = count; i > place; --i)
-        setColumnWidth(i, columnWidth(i - 1));
-    setColumnWidth(place, width);
-    m_lastColumnWidth = place == count ? width : columnWidth(count);
-    FitLastColumn();
+    m_widths.insert(m_widths.begin() + place, width);
+    // A first column shows what the rows hold already.
+    for (int row = 0; count > 0 && row < topLevelItemCount(); ++row)
+        Row(row)->InsertCell(place);
+    ShowColumns(captions);
     return place;
 }
 
-int ListWidget::AddRow(int row, const std::string& text)
+bool ListWidget::RemoveColumn(int column)
+{
+    if (column < 0 || column >= columnCount())
+        return false;
+    const QSignalBlocker blocker(this);
+    QStringList captions = Captions();
+    captions.removeAt(column);
+    m_widths.erase(m_widths.begin() + column);
+    for (int row = 0; row < topLevelItemCount(); ++row)
+        Row(row)->RemoveCell(column);
+    ShowColumns(captions);
+    viewport()->update();
+    return true;
+}
+
+int ListWidget::AddRow(int row, const std::string& text, int image)
 {
     const int place = row < 0 || row > topLevelItemCount() ? topLevelItemCount() : row;
-    auto* item = new QTreeWidgetItem;
-    item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemNeverHasChildren);
+    auto* item = new ListRow(image);
+    item->SetText(0, text);
     PrepareTick(*item);
     const QSignalBlocker blocker(this);
     insertTopLevelItem(place, item);
-    SetCell(place, 0, text);
     return place;
+}
+
+int ListWidget::FirstSelectedRow() const
+{
+    const auto selected = selectedItems();
+    return selected.isEmpty() ? -1 : indexOfTopLevelItem(selected.front());
 }
 
 bool ListWidget::SetCell(int row, int column, const std::string& text)
 {
-    QTreeWidgetItem* item = Row(row);
+    ListRow* item = Row(row);
     if (!item || column < 0 || column >= qMax(1, columnCount()))
         return false;
-    item->setText(column, ToolkitText(text));
-    const QSignalBlocker blocker(this);
-    item->setData(column, kBytesRole, QByteArray::fromStdString(text));
+    if (!item->SetText(column, text) || m_bQuiet)
+        return true;
+    {
+        const QSignalBlocker blocker(this);
+        item->Refresh();
+    }
+    Notify(LVN_ITEMCHANGED, row, column);
     return true;
 }
 
 std::string ListWidget::Cell(int row, int column) const
 {
-    const QTreeWidgetItem* item = Row(row);
-    return item ? item->data(column, kBytesRole).toByteArray().toStdString() : std::string();
+    const ListRow* item = Row(row);
+    return item ? item->Text(column) : std::string();
 }
 
 void ListWidget::RemoveRows()
@@ -195,6 +227,12 @@ void ListWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 
 void ListWidget::keyPressEvent(QKeyEvent* event)
 {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && m_bEnter && FirstSelectedRow() >= 0)
+    {
+        Notify(NM_DBLCLK, FirstSelectedRow(), 0);
+        return;
+    }
     // The toolkit turns the box only while its own column has the focus.
     if (event->key() != Qt::Key_Space || !HasTicks() || !currentItem())
     {
@@ -221,7 +259,7 @@ bool ListWidget::viewportEvent(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip)
         return QTreeWidget::viewportEvent(event);
-    ShowCellTip(*static_cast<QHelpEvent*>(event));
+    ShowCellTip(*this, *static_cast<QHelpEvent*>(event));
     return true;
 }
 
@@ -233,16 +271,7 @@ void ListWidget::FitLastColumn()
     int left = viewport()->width();
     for (int column = 0; column < last; ++column)
         left -= columnWidth(column);
-    setColumnWidth(last, qMax(m_lastColumnWidth, left));
-}
-
-void ListWidget::ShowCellTip(const QHelpEvent& event)
-{
-    const QModelIndex cell = indexAt(event.pos());
-    const QRect room = visualRect(cell);
-    const bool cut =
-        cell.isValid() && (sizeHintForIndex(cell).width() > room.width() || !viewport()->rect().contains(room));
-    ShowToolTip(event, cut ? cell.data().toString() : QString(), viewport());
+    setColumnWidth(last, qMax(m_widths.back(), left));
 }
 
 void ListWidget::NotifyChanged(QTreeWidgetItem* item, int column)
@@ -253,6 +282,8 @@ void ListWidget::NotifyChanged(QTreeWidgetItem* item, int column)
 
 void ListWidget::Notify(UINT code, int row, int column)
 {
+    if (m_bQuiet)
+        return;
     NMLISTVIEW notification;
     notification.hdr.code = code;
     notification.iItem = row;

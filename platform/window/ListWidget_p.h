@@ -1,11 +1,9 @@
 // The widget of a report list.
 #pragma once
 
+#include "platform/window/ImageList_p.h"
+#include "platform/window/ListRow_p.h"
 #include "platform/window/WindowPeer_p.h"
-
-#include <QTreeWidget>
-
-#include <string>
 
 class ListWidget : public QTreeWidget, public WindowPeer
 {
@@ -16,16 +14,29 @@ public:
     {
         return *this;
     }
-    void ShowText(const QString&) override
-    {}
+    // A name for assistive technology: it shows no text of its own.
+    void ShowText(const QString& text) override;
 
     DWORD Style() const
     {
         return m_style;
     }
     void SetStyle(DWORD style);
+    // Has Enter tell of a double click; in a dialog it presses a button.
+    void EnableEnter()
+    {
+        m_bEnter = true;
+    }
+    void SetImages(std::shared_ptr<const CImageList::Images> images);
+    QIcon Icon(int image) const
+    {
+        return m_images ? m_images->Icon(image) : QIcon();
+    }
+    void SetRedraw(bool redraw);
     int AddColumn(int column, const QString& caption, int width);
-    int AddRow(int row, const std::string& text);
+    bool RemoveColumn(int column);
+    int AddRow(int row, const std::string& text, int image);
+    int FirstSelectedRow() const;
     bool SetCell(int row, int column, const std::string& text);
     std::string Cell(int row, int column) const;
     void RemoveRows();
@@ -42,13 +53,17 @@ protected:
 
 private:
     bool HasTicks() const;
-    QTreeWidgetItem* Row(int row) const;
+    ListRow* Row(int row) const;
     void PrepareTick(QTreeWidgetItem& item) const;
+    QStringList Captions() const;
+    void ShowColumns(const QStringList& captions);
     void FitLastColumn();
-    void ShowCellTip(const QHelpEvent& event);
     void NotifyChanged(QTreeWidgetItem* item, int column);
     void Notify(UINT code, int row, int column);
 
     DWORD m_style = 0;
-    int m_lastColumnWidth = 0; // as asked for; what is left of the control is added
+    bool m_bEnter = false;
+    bool m_bQuiet = false;     // nothing is told
+    std::vector<int> m_widths; // of the columns, as asked for; the last one also gets what is left
+    std::shared_ptr<const CImageList::Images> m_images; // null for none
 };

@@ -5,7 +5,9 @@
 
 #include "platform/Types.h"
 
+inline constexpr UINT WM_CREATE = 0x0001; // to frames and views: -1 ends the creation
 inline constexpr UINT WM_DESTROY = 0x0002;
+inline constexpr UINT WM_SIZE = 0x0005;  // to frames, views and splitters; LPARAM: SizeFromLParam
 inline constexpr UINT WM_PAINT = 0x000F; // sent inside the toolkit's painting: draw through CPaintDC only
 inline constexpr UINT WM_CLOSE = 0x0010;
 inline constexpr UINT WM_QUERYDRAGICON = 0x0037;
@@ -15,6 +17,10 @@ inline constexpr UINT WM_INITDIALOG = 0x0110;
 inline constexpr UINT WM_COMMAND = 0x0111;
 inline constexpr UINT WM_SYSCOMMAND = 0x0112;
 inline constexpr UINT WM_TIMER = 0x0113;
+inline constexpr UINT WM_MOUSEMOVE = 0x0200; // this and the next two to views and splitters; LPARAM: PointFromLParam
+inline constexpr UINT WM_LBUTTONDOWN = 0x0201;
+inline constexpr UINT WM_LBUTTONUP = 0x0202;
+inline constexpr WPARAM MK_LBUTTON = 1; // of a mouse message: the button is held
 inline constexpr UINT WM_USER = 0x0400;
 
 inline constexpr UINT BM_CLICK = 0x00F5;
@@ -69,6 +75,25 @@ struct NMLISTVIEW
 constexpr LPARAM ToLParam(HWND window)
 {
     return static_cast<LPARAM>(window.value);
+}
+
+// Width and height of the client area that WM_SIZE carries, in device-independent pixels.
+constexpr POINT SizeFromLParam(LPARAM value)
+{
+    return {static_cast<LONG>(value & 0xFFFF), static_cast<LONG>(value >> 16 & 0xFFFF)};
+}
+
+// A place in the client area that a mouse message carries, in device-independent pixels; also outside while dragging.
+constexpr POINT PointFromLParam(LPARAM value)
+{
+    return {static_cast<std::int16_t>(value & 0xFFFF), static_cast<std::int16_t>(value >> 16 & 0xFFFF)};
+}
+
+// Two numbers of 16 bits as SizeFromLParam and PointFromLParam take them.
+constexpr LPARAM PairToLParam(LONG low, LONG high)
+{
+    return static_cast<LPARAM>(static_cast<std::uint32_t>(low & 0xFFFF) | static_cast<std::uint32_t>(high & 0xFFFF)
+                                                                              << 16);
 }
 
 constexpr HWND HwndFromLParam(LPARAM value)

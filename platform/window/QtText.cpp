@@ -56,6 +56,20 @@ QString WithoutMnemonic(const QString& caption)
     return plain;
 }
 
+QString OneLine(const QString& text)
+{
+    constexpr qsizetype kLongest = 1000;
+    QString line = text.left(kLongest);
+    for (QChar& c : line)
+    {
+        const QChar::Category category = c.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph)
+            c = u' ';
+    }
+    return line;
+}
+
 void ShowToolTip(const QHelpEvent& event, const QString& text, QWidget* widget)
 {
     if (text.isEmpty())

@@ -77,6 +77,26 @@ struct MenuTemplate
     std::span<const MenuEntry> entries;
 };
 
+// A tool bar: its buttons in order, with their pictures; command 0 is a separator.
+struct ToolBarButton
+{
+    UINT command;
+    int picture;
+};
+
+struct ToolBarTemplate
+{
+    int id;
+    std::span<const ToolBarButton> buttons;
+};
+
+// A row of small pictures that CImageList numbers from 0.
+struct ImageStrip
+{
+    int id;
+    std::span<const int> pictures;
+};
+
 struct TextEntry
 {
     UINT id;
@@ -98,6 +118,8 @@ struct ResourceTable
     std::span<const MenuTemplate> menus;
     std::span<const TextEntry> texts;
     std::span<const PictureEntry> pictures;
+    std::span<const ToolBarTemplate> toolBars = {};
+    std::span<const ImageStrip> imageStrips = {};
     std::string_view version = {}; // what `--version` says behind the application's name
     std::string_view usage = {};   // what `--help` prints, whole lines
 };

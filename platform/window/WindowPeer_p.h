@@ -16,6 +16,11 @@ class WindowPeer
 {
 public:
     virtual QWidget& Widget() = 0;
+    // What child windows stand on.
+    virtual QWidget& ClientArea()
+    {
+        return Widget();
+    }
     virtual void ShowText(const QString& text) = 0;
     virtual void ShowProgress(const ProgressWords&)
     {}
@@ -24,6 +29,9 @@ public:
     {
         return 0;
     }
+    // Sends WM_SIZE if the size is not the one that was told last; the toolkit tells a hidden widget late.
+    virtual void TellSize()
+    {}
     virtual CMenu* SystemMenu(bool)
     {
         return nullptr;

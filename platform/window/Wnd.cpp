@@ -1,5 +1,6 @@
 #include "platform/window/Wnd.h"
 
+#include "platform/window/Creation_p.h"
 #include "platform/window/DataExchange.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/MessageBox_p.h"
@@ -160,6 +161,19 @@ void CWnd::GetClientRect(RECT* area) const
 {
     *area = {};
     WithWidget(m_hWnd, [area](WindowRecord&, QWidget& widget) { *area = {0, 0, widget.width(), widget.height()}; });
+}
+
+void CWnd::MoveWindow(const RECT& area) const
+{
+    WithWidget(m_hWnd, [&area](WindowRecord& record, QWidget& widget) {
+        widget.setGeometry(ToolkitRect(area));
+        record.Peer()->TellSize();
+    });
+}
+
+void CWnd::Invalidate() const
+{
+    WithWidget(m_hWnd, [](WindowRecord&, QWidget& widget) { widget.update(); });
 }
 
 void CWnd::CenterWindow(CWnd* other)

@@ -58,6 +58,10 @@ public:
 
     // Size of the client area, in device-independent pixels, with left and top 0.
     void GetClientRect(RECT* area) const;
+    // Within the parent's client area; for windows that are no controls of a dialog.
+    void MoveWindow(const RECT& area) const;
+    // Asks for the client area to be painted.
+    void Invalidate() const;
     // Over `other`, or over the parent, or in the middle of the screen.
     void CenterWindow(CWnd* other = nullptr);
     // Gives the icon that was set before.
