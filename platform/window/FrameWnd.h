@@ -44,8 +44,8 @@ public:
 class CFrameWnd : public CWnd
 {
 public:
-    // Makes the window, hidden, with the menu of that number. FALSE if that fails or WM_CREATE was answered with -1:
-    // the object is gone then, as published, unless it was never given a window.
+    // Makes the window, hidden, with the menu of that number. FALSE if there is no such menu or WM_CREATE was answered
+    // with -1: the object is gone then, as published. (FALSE too, and nothing happens, if it has a window already.)
     BOOL LoadFrame(UINT id, DWORD style = WS_OVERLAPPEDWINDOW, CWnd* parent = nullptr);
 
     void EnableDocking(DWORD edges);

@@ -3,6 +3,7 @@
 #include "platform/window/QtText_p.h"
 
 #include <QMenu>
+#include <QMenuBar>
 #include <QPointer>
 
 namespace
@@ -17,7 +18,9 @@ QString EntryText(const std::string& text)
     return entry;
 }
 
-void Fill(QMenu& popup, const CMenu& menu)
+// A popup or a menu bar.
+template <class Menu>
+void Fill(Menu& popup, const CMenu& menu)
 {
     for (const CMenu::Item& item : menu.Items())
     {
@@ -38,6 +41,11 @@ void Fill(QMenu& popup, const CMenu& menu)
 }
 
 } // namespace
+
+void FillMenuBar(QMenuBar& bar, const CMenu& menu)
+{
+    Fill(bar, menu);
+}
 
 UINT RunPopupMenu(const CMenu& menu, const QPoint& globalPosition, QWidget* parent)
 {

@@ -14,6 +14,14 @@ class CView;
 class CSplitterWnd : public CWnd
 {
 public:
+    // The sizes of a row or a column, in device-independent pixels.
+    struct CRowColInfo
+    {
+        int nMinSize = 0;
+        int nIdealSize = 0; // what the program or the user has asked for
+        int nCurSize = 0;   // what RecalcLayout has given
+    };
+
     CSplitterWnd();
     ~CSplitterWnd() override;
 
@@ -37,14 +45,6 @@ protected:
         Bar,          // between two columns or rows
         Intersection, // where two bars cross
         Border,       // of a pane
-    };
-
-    // The sizes of a row or a column, in device-independent pixels.
-    struct CRowColInfo
-    {
-        int nMinSize = 0;
-        int nIdealSize = 0; // what the program or the user has asked for
-        int nCurSize = 0;   // what RecalcLayout has given
     };
 
     // Draws a part; with a null device it asks for that part to be painted instead. The base fills bars and crossings
@@ -72,5 +72,40 @@ protected:
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    static constexpr int kNoBar = -1;
+
+    // From one place to another in one direction.
+    struct Stretch
+    {
+        int start;
+        int end;
+    };
+    // What the rows and the columns have in common.
+    struct Dimension
+    {
+        std::vector<CRowColInfo>* infos;
+        int nBar;
+        int nGap;
+        int nBorder;
+    };
+
+    Dimension Columns();
+    Dimension Rows();
+    static std::vector<Stretch> PanesOf(const Dimension& dimension);
+    static std::vector<Stretch> BarsOf(const Dimension& dimension);
+    // The bar at a place, by the number of the pane before it.
+    static int BarAt(const Dimension& dimension, int place);
+    static void MoveBar(const Dimension& dimension, int bar, int barStart, int total);
+    std::size_t PlaceOf(int row, int column) const;
+    // Asks for them to be painted if there is no device.
+    void DrawBars(CDC* dc);
+    void DrawBorders(CDC& dc);
+    void BeginDrag(POINT place);
+    void OnMouseMove(POINT place, bool held);
+    void EndDrag();
+
     std::vector<HWND> m_panes; // row by row
+    int m_nColumnBar = kNoBar; // in the user's hand
+    int m_nRowBar = kNoBar;
+    POINT m_grip; // where the hand holds it
 };
