@@ -1,0 +1,69 @@
+#include "platform/window/TreeCtrl.h"
+
+#include "platform/window/Creation_p.h"
+#include "platform/window/PeerAccess_p.h"
+#include "platform/window/TreeWidget_p.h"
+
+BOOL CTreeCtrl::Create(const RECT& area, CWnd* parent, UINT id)
+{
+    return MakeChild<TreeWidget>(*this, parent, id, area) != nullptr;
+}
+
+void CTreeCtrl::SetImageList(const CImageList& images)
+{
+    ForPeer<TreeWidget>(m_hWnd, [&images](TreeWidget& tree) { tree.SetImages(images.Shared()); });
+}
+
+HTREEITEM CTreeCtrl::InsertItem(const std::string& text, int image, HTREEITEM parent)
+{
+    return WithPeer<TreeWidget>(m_hWnd, HTREEITEM(), [&](TreeWidget& tree) {
+        return HTREEITEM{tree.AddNode(text, image, TreeNode::Of(parent))};
+    });
+}
+
+void CTreeCtrl::SetItemData(HTREEITEM item, DWORD_PTR data)
+{
+    if (item)
+        TreeNode::Of(item)->m_data = data;
+}
+
+DWORD_PTR CTreeCtrl::GetItemData(HTREEITEM item) const
+{
+    return item ? TreeNode::Of(item)->m_data : 0;
+}
+
+std::string CTreeCtrl::GetItemText(HTREEITEM item) const
+{
+    return item ? TreeNode::Of(item)->Text() : std::string();
+}
+
+BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code)
+{
+    return WithPeer<TreeWidget>(m_hWnd, false, [=](TreeWidget& tree) {
+        const bool expands = item && code == TVE_EXPAND;
+        if (expands)
+            tree.ExpandSoon(*TreeNode::Of(item));
+        return expands;
+    });
+}
+
+HTREEITEM CTreeCtrl::GetSelectedItem() const
+{
+    return WithPeer<TreeWidget>(m_hWnd, HTREEITEM(), [](TreeWidget& tree) { return HTREEITEM{tree.SelectedNode()}; });
+}
+
+BOOL CTreeCtrl::SelectItem(HTREEITEM item)
+{
+    return WithPeer<TreeWidget>(m_hWnd, false, [item](TreeWidget& tree) {
+        tree.setCurrentItem(TreeNode::Of(item));
+        return true;
+    });
+}
+
+BOOL CTreeCtrl::DeleteAllItems()
+{
+    return WithPeer<TreeWidget>(m_hWnd, false, [](TreeWidget& tree) {
+        tree.RemoveNodes();
+        return true;
+    });
+}
