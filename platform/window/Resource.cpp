@@ -32,15 +32,34 @@ void CheckDefaultButtons(const DialogTemplate& dialog, std::string& faults)
         faults += "dialog " + std::to_string(dialog.id) + ": more than one default button\n";
 }
 
-void CheckPictures(const ResourceTable& table, const DialogTemplate& dialog, std::string& faults)
+void CheckPicture(const ResourceTable& table, const char* kind, int id, int picture, std::string& faults)
 {
-    for (const ControlTemplate& control : dialog.controls)
+    if (std::ranges::count(table.pictures, picture, &PictureEntry::id) == 0)
+        faults += kind + (" " + std::to_string(id)) + ": no picture " + std::to_string(picture) + "\n";
+}
+
+void CheckPictures(const ResourceTable& table, std::string& faults)
+{
+    for (const DialogTemplate& dialog : table.dialogs)
     {
-        const auto same = [&control](const PictureEntry& picture) { return picture.id == control.picture; };
-        if (control.kind == ControlClass::Picture && std::none_of(table.pictures.begin(), table.pictures.end(), same))
+        for (const ControlTemplate& control : dialog.controls)
         {
-            faults += "dialog " + std::to_string(dialog.id) + ": no picture " + std::to_string(control.picture) + "\n";
+            if (control.kind == ControlClass::Picture)
+                CheckPicture(table, "dialog", dialog.id, control.picture, faults);
         }
+    }
+    for (const ToolBarTemplate& toolBar : table.toolBars)
+    {
+        for (const ToolBarButton& button : toolBar.buttons)
+        {
+            if (button.command)
+                CheckPicture(table, "tool bar", toolBar.id, button.picture, faults);
+        }
+    }
+    for (const ImageStrip& strip : table.imageStrips)
+    {
+        for (const int picture : strip.pictures)
+            CheckPicture(table, "image strip", strip.id, picture, faults);
     }
 }
 
@@ -53,8 +72,8 @@ std::string CheckResources(const ResourceTable& table)
     {
         CheckNumbers(dialog, faults);
         CheckDefaultButtons(dialog, faults);
-        CheckPictures(table, dialog, faults);
     }
+    CheckPictures(table, faults);
     return faults;
 }
 

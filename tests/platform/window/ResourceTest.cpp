@@ -12,21 +12,31 @@ TEST(Resources, FaultsOfATableAreNamed)
         return ControlTemplate{ControlClass::Button, id, 0, 0, 9, 9, style};
     };
     const auto picture = ControlTemplate{ControlClass::Picture, 0xFFFF, 0, 0, 9, 9, CS_NONE, {}, {}, 555};
+    const std::vector<ToolBarButton> buttons{{0, 0}, {ID_FIRST, 556}};
+    const std::vector<int> images{557};
     const struct
     {
         std::vector<ControlTemplate> controls;
         const char* named; // null: sound
+        std::span<const ToolBarButton> buttons = {};
+        std::span<const int> images = {};
     } rows[] = {
         {{label, label, button(700), button(701, CS_DEFAULT)}, nullptr},
         {{button(700), label, button(700)}, "700"},
         {{button(700, CS_DEFAULT), button(701, CS_DEFAULT)}, "default"},
         {{picture}, "555"},
+        {{}, "tool bar 8: no picture 556", buttons},
+        {{}, "image strip 9: no picture 557", {}, images},
     };
     for (const auto& row : rows)
     {
         const DialogTemplate dialog{100, 50, 50, DS_NONE, "x", row.controls};
         ResourceTable table{};
         table.dialogs = {&dialog, 1};
+        const ToolBarTemplate toolBar{8, row.buttons};
+        table.toolBars = {&toolBar, 1};
+        const ImageStrip strip{9, row.images};
+        table.imageStrips = {&strip, 1};
         const std::string faults = CheckResources(table);
         if (row.named)
             EXPECT_NE(faults.find(row.named), std::string::npos) << faults;
