@@ -16,8 +16,7 @@ namespace
 QWidget* ReadyControl(const std::string& name, const std::string& window)
 {
     QWidget* control = ControlNamed(name, window);
-    if (!control->isVisible() || !control->isEnabled() || IsBlocked(control->window()))
-        throw RobotError("\"" + name + "\" cannot be pressed now. On show: " + Describe());
+    RequireReady(control);
     return control;
 }
 

@@ -6,6 +6,7 @@
 // after the deadline they throw RobotError, whose text says what was on show instead.
 #pragma once
 
+#include "platform/Types.h"
 #include "platform/window/Handle.h"
 
 #include <chrono>
@@ -59,8 +60,29 @@ public:
     bool IsTicked(int row, const std::string& window = {}) const;
     void Tick(int row, const std::string& window = {}) const;                // mouse click on the box: turns it over
     void RightClickList(int row = -1, const std::string& window = {}) const; // -1: below the last row
+    void DoubleClickRow(int row, const std::string& window = {}) const;
+
+    // The one tree of the window. A node is named by the texts on the way from the top to it.
+    using NodePath = std::vector<std::string>;
+    std::vector<std::string> TreeNodes(const std::string& window = {}) const; // those on show, two blanks for a level
+    std::string SelectedNode(const std::string& window = {}) const;           // its text; empty if there is none
+    void SelectNode(const NodePath& node, const std::string& window = {}) const;
+    void ExpandNode(const NodePath& node, const std::string& window = {}) const; // mouse click on its button
+
+    // The panes of the window's splitter, in its coordinates and in the order of their making.
+    std::vector<RECT> Panes(const std::string& window = {}) const;
+    // Drags the bar to the right of a pane sideways, or the one below it up and down.
+    void DragBar(std::size_t pane, int byX, int byY, const std::string& window = {}) const;
+
     // A right click on a part of the window that no control takes.
     void RightClickWindow(const std::string& window = {}) const;
+
+    // The menu bar: its menus; opening one, which is the popup menu on show then; and choosing an entry of one.
+    std::vector<std::string> MainMenus(const std::string& window = {}) const;
+    void OpenMainMenu(const std::string& menu, const std::string& window = {}) const;
+    void ChooseMainMenu(const std::string& menu, const std::string& entry, const std::string& window = {}) const;
+    // The message in the status bar.
+    std::string StatusText(const std::string& window = {}) const;
 
     // The popup menu on show: its entries ("-" for a separator), and choosing one by its text.
     std::vector<std::string> MenuEntries() const;

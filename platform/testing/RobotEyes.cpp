@@ -69,6 +69,15 @@ int Rank(const QWidget* control)
     return (control->isVisible() ? 4 : 0) + (label ? 0 : 2) + (control->isEnabled() ? 1 : 0);
 }
 
+// Lists have captions above their columns, trees have none.
+QTreeView* ViewWith(bool captions, const std::string& window)
+{
+    for (QTreeView* view : RobotEyes::WindowNamed(window)->findChildren<QTreeView*>())
+        if (view->isVisible() && view->isHeaderHidden() != captions)
+            return view;
+    return nullptr;
+}
+
 std::string DescribeWindow(const QWidget* window)
 {
     std::string text = Quoted(window->windowTitle());
@@ -161,10 +170,26 @@ QWidget* ControlNamed(const std::string& name, const std::string& window)
 
 QAbstractItemView* ListOf(const std::string& window)
 {
-    for (QTreeView* view : WindowNamed(window)->findChildren<QTreeView*>())
-        if (view->isVisible() && !view->isHeaderHidden())
-            return view;
+    if (QTreeView* list = ViewWith(true, window))
+        return list;
     throw RobotError("No list in \"" + window + "\". On show: " + Describe());
+}
+
+QTreeView* TreeOf(const std::string& window)
+{
+    if (QTreeView* tree = ViewWith(false, window))
+    {
+        // What waits for a layout is done before a user could look.
+        tree->doItemsLayout();
+        return tree;
+    }
+    throw RobotError("No tree in \"" + window + "\". On show: " + Describe());
+}
+
+void RequireReady(const QWidget* widget)
+{
+    if (!widget->isVisible() || !widget->isEnabled() || IsBlocked(widget->window()))
+        throw RobotError("\"" + NameOf(widget).toStdString() + "\" cannot be used now. On show: " + Describe());
 }
 
 QModelIndex CellOf(const QAbstractItemView* list, int row, int column)

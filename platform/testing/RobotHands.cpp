@@ -26,18 +26,57 @@ std::function<void()> Step(QWindow* window, std::function<void(QWindow*)> input)
     };
 }
 
+struct MouseInput
+{
+    QEvent::Type type;
+    Qt::MouseButton button = Qt::NoButton; // that changes
+    Qt::MouseButton held = Qt::NoButton;   // from then on
+    bool again = false;                    // soon after the last press
+};
+
 // Input goes in where the platform hands it to the toolkit, and is handled before the call returns: should a message
 // loop run before that, then it is one of the program's.
-std::function<void()> MouseStep(QWindow* window, QPoint place, QEvent::Type type, Qt::MouseButton button)
+std::function<void()> MouseStep(QWindow* window, QPoint place, MouseInput input)
 {
     return Step(window, [=](QWindow* live) {
-        // The time between two clicks is never that of a double click.
+        // The time between two clicks is that of a double click only where one is meant.
         constexpr int kBetweenClicks = 1000;
         static int now = 0;
-        now += type == QEvent::MouseButtonPress ? kBetweenClicks : 1;
-        const auto held = type == QEvent::MouseButtonPress ? button : Qt::NoButton;
-        qt_handleMouseEvent(live, place, live->mapToGlobal(place), held, button, type, {}, now);
+        now += input.type == QEvent::MouseButtonPress && !input.again ? kBetweenClicks : 1;
+        qt_handleMouseEvent(live, place, live->mapToGlobal(place), input.held, input.button, input.type, {}, now);
     });
+}
+
+std::function<void()> MoveStep(QWindow* window, QPoint place, Qt::MouseButton held = Qt::NoButton)
+{
+    return MouseStep(window, place, {QEvent::MouseMove, Qt::NoButton, held});
+}
+
+std::function<void()> PressStep(QWindow* window, QPoint place, Qt::MouseButton button, bool again = false)
+{
+    return MouseStep(window, place, {QEvent::MouseButtonPress, button, button, again});
+}
+
+std::function<void()> ReleaseStep(QWindow* window, QPoint place, Qt::MouseButton button)
+{
+    return MouseStep(window, place, {QEvent::MouseButtonRelease, button});
+}
+
+// The point in the window, which is made the active one. It must be the target that is in front there.
+QPoint TakeAim(QWidget* target, const QPoint& point)
+{
+    QWidget* window = target->window();
+    const QPoint place = target->mapTo(window, point);
+    const QWidget* hit = window->childAt(place);
+    if (hit && hit != target && !target->isAncestorOf(hit))
+        throw RobotError("\"" + RobotEyes::NameOf(target).toStdString() + "\" is covered by \"" +
+                         RobotEyes::NameOf(hit).toStdString() + "\".");
+    if (!window->rect().contains(place) || (!hit && target != window))
+        throw RobotError("\"" + RobotEyes::NameOf(target).toStdString() + "\" lies outside its window.");
+    if (!window->isActiveWindow() && window->windowType() != Qt::Popup)
+        window->activateWindow();
+    QCursor::setPos(window->mapToGlobal(place));
+    return place;
 }
 
 // What the key types, if it types anything.
@@ -94,22 +133,38 @@ namespace RobotHands
 
 std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point, Qt::MouseButton button)
 {
-    QWidget* window = target->window();
-    const QPoint place = target->mapTo(window, point);
-    const QWidget* hit = window->childAt(place);
-    if (hit && hit != target && !target->isAncestorOf(hit))
-        throw RobotError("\"" + RobotEyes::NameOf(target).toStdString() + "\" is covered by \"" +
-                         RobotEyes::NameOf(hit).toStdString() + "\".");
-    if (!window->rect().contains(place) || (!hit && target != window))
-        throw RobotError("\"" + RobotEyes::NameOf(target).toStdString() + "\" lies outside its window.");
-    if (!window->isActiveWindow() && window->windowType() != Qt::Popup)
-        window->activateWindow();
-    QCursor::setPos(window->mapToGlobal(place));
-    QWindow* handle = window->windowHandle();
+    const QPoint place = TakeAim(target, point);
+    QWindow* window = target->window()->windowHandle();
     return RobotStage::StartDelivery({
-        MouseStep(handle, place, QEvent::MouseMove, Qt::NoButton),
-        MouseStep(handle, place, QEvent::MouseButtonPress, button),
-        MouseStep(handle, place, QEvent::MouseButtonRelease, button),
+        MoveStep(window, place),
+        PressStep(window, place, button),
+        ReleaseStep(window, place, button),
+    });
+}
+
+std::shared_ptr<RobotStage::Delivery> DoubleClick(QWidget* target, const QPoint& point)
+{
+    const QPoint place = TakeAim(target, point);
+    QWindow* window = target->window()->windowHandle();
+    return RobotStage::StartDelivery({
+        MoveStep(window, place),
+        PressStep(window, place, Qt::LeftButton),
+        ReleaseStep(window, place, Qt::LeftButton),
+        PressStep(window, place, Qt::LeftButton, true),
+        ReleaseStep(window, place, Qt::LeftButton),
+    });
+}
+
+std::shared_ptr<RobotStage::Delivery> Drag(QWidget* target, const QPoint& point, const QPoint& by)
+{
+    const QPoint from = TakeAim(target, point);
+    QWindow* window = target->window()->windowHandle();
+    return RobotStage::StartDelivery({
+        MoveStep(window, from),
+        PressStep(window, from, Qt::LeftButton),
+        MoveStep(window, from + by / 2, Qt::LeftButton),
+        MoveStep(window, from + by, Qt::LeftButton),
+        ReleaseStep(window, from + by, Qt::LeftButton),
     });
 }
 

@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionGroupBox>
+#include <QToolButton>
 #include <QTreeView>
 
 namespace
@@ -84,6 +85,10 @@ bool TitleFits(const QGroupBox* box)
 
 bool TextFits(const QWidget* control)
 {
+    // Its text is for assistive technology alone.
+    if (const auto* picture = qobject_cast<const QToolButton*>(control);
+        picture && picture->toolButtonStyle() == Qt::ToolButtonIconOnly)
+        return Fits(picture->iconSize(), picture->size());
     if (const auto* button = qobject_cast<const QAbstractButton*>(control))
         return Fits(button->fontMetrics().size(Qt::TextShowMnemonic, button->text()), CaptionRoom(button));
     if (const auto* label = qobject_cast<const QLabel*>(control); label && !label->text().isEmpty())

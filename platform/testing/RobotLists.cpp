@@ -17,8 +17,7 @@ namespace
 QAbstractItemView* ReadyList(const std::string& window)
 {
     QAbstractItemView* list = ListOf(window);
-    if (!list->isEnabled() || IsBlocked(list->window()))
-        throw RobotError("The list cannot be used now. On show: " + Describe());
+    RequireReady(list);
     return list;
 }
 
@@ -102,6 +101,15 @@ void Robot::RightClickList(int row, const std::string& window) const
     const auto aim = [&] {
         QAbstractItemView* list = ReadyList(window);
         return RobotHands::Click(list->viewport(), RowPoint(list, row), Qt::RightButton);
+    };
+    Deliver(m_deadline, aim);
+}
+
+void Robot::DoubleClickRow(int row, const std::string& window) const
+{
+    const auto aim = [&] {
+        QAbstractItemView* list = ReadyList(window);
+        return RobotHands::DoubleClick(list->viewport(), RowPoint(list, row));
     };
     Deliver(m_deadline, aim);
 }

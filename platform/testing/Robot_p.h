@@ -19,6 +19,7 @@ class QAction;
 class QMenu;
 class QModelIndex;
 class QPoint;
+class QTreeView;
 class QWidget;
 class QWindow;
 
@@ -89,10 +90,13 @@ QString PlainCaption(QString text); // without mnemonic marks and shortcut
 QString TextOf(const QWidget* control);
 QWidget* ControlNamed(const std::string& name, const std::string& window);
 QAbstractItemView* ListOf(const std::string& window);
+QTreeView* TreeOf(const std::string& window);
 QModelIndex CellOf(const QAbstractItemView* list, int row, int column);
 QMenu* PopupMenu();
 // The menu's entry with a text, wherever its mark stands.
 QAction* MenuEntryNamed(const std::string& text);
+// Throws if the user could not use the widget now.
+void RequireReady(const QWidget* widget);
 std::string Describe(); // all that is on show
 
 } // namespace RobotEyes
@@ -102,6 +106,9 @@ namespace RobotHands
 
 // A press and a release of a mouse button at a point of `target`, which must be in front of everything else there.
 std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point, Qt::MouseButton button);
+std::shared_ptr<RobotStage::Delivery> DoubleClick(QWidget* target, const QPoint& point);
+// With the left button, `by` so many pixels.
+std::shared_ptr<RobotStage::Delivery> Drag(QWidget* target, const QPoint& point, const QPoint& by);
 // The window's close box.
 std::shared_ptr<RobotStage::Delivery> Close(QWidget* window);
 // A key with its modifiers, as QKeySequence writes it, to the window in front.
