@@ -13,6 +13,7 @@ namespace
 {
 
 constexpr QSize kFirstSize(760, 480);
+constexpr QSize kWindowManagersPart(8, 40); // about what the borders and the title take
 
 class ClientAreaWidget : public QWidget
 {
@@ -32,7 +33,7 @@ protected:
 FrameWidget::FrameWidget(QWidget* parent) : QMainWindow(parent, Qt::Window)
 {
     setCentralWidget(new ClientAreaWidget);
-    resize(kFirstSize.boundedTo(screen()->availableGeometry().size()));
+    resize(kFirstSize.boundedTo(screen()->availableGeometry().size() - kWindowManagersPart));
     auto* shortcut = new QShortcut(QKeySequence(Qt::Key_F10), this);
     connect(shortcut, &QShortcut::activated, this, [this] { OpenFirstMenu(); });
 }

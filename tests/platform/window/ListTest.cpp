@@ -1,4 +1,4 @@
-#include "TestDialog.h"
+#include "TestFrame.h"
 
 namespace
 {
@@ -130,4 +130,62 @@ TEST_F(ListTest, ThousandsOfRowsAndAWorkerThatAddsToThem)
     EXPECT_TRUE(robot.IsTicked(kRows));
     robot.Tick(kRows - 1);
     EXPECT_TRUE(m_list.GetCheck(kRows - 1));
+}
+
+TEST_F(ListTest, NothingIsToldWhileRedrawingIsOff)
+{
+    Fill(2);
+    m_list.SetRedraw(FALSE);
+    m_list.SetItemText(0, 1, "quiet");
+    m_list.SetCheck(1);
+    m_list.DeleteAllItems();
+    m_list.InsertItem(0, "new");
+    EXPECT_TRUE(m_notes.empty());
+    m_list.SetRedraw(TRUE);
+    m_list.SetItemText(0, 1, "told");
+    m_list.SetItemText(0, 1, "told");
+    EXPECT_EQ(m_notes, std::vector<UINT>{LVN_ITEMCHANGED});
+}
+
+TEST_F(ListTest, ColumnsGoAndComeWithTheirCells)
+{
+    Fill(1);
+    m_list.SetItemText(0, 1, "address");
+    EXPECT_EQ(m_list.InsertColumn(1, "Size", 70), 1);
+    EXPECT_TRUE(m_list.DeleteColumn(0));
+    EXPECT_FALSE(m_list.DeleteColumn(2));
+    const Robot robot;
+    EXPECT_EQ(robot.Columns(), (std::vector<std::string>{"Size", "Address"}));
+    EXPECT_EQ(robot.Cell(0, 0) + robot.Cell(0, 1), "address");
+    while (m_list.DeleteColumn(0))
+        m_list.DeleteAllItems();
+    EXPECT_EQ(m_list.InsertColumn(0, "Anew", 300), 0);
+    Fill(1);
+    EXPECT_EQ(robot.Cell(0, 0), "row 0");
+}
+
+// There Enter has no default button to press. The rows are others when the click is over.
+TEST(Lists, OutsideADialogADoubleClickAndEnterAreOne)
+{
+    const std::unique_ptr<TestFrame> frame(TestFrame::Open());
+    CListCtrl& list = frame->Pane(0).m_list;
+    list.InsertColumn(0, "Name", 100);
+    std::vector<int> rows;
+    const auto refill = [&list] {
+        list.DeleteAllItems();
+        for (int row = 0; row < 3; ++row)
+            list.InsertItem(row, "row", row);
+    };
+    frame->Pane(0).m_onNotify = [&](NMHDR& head) {
+        if (head.code != NM_DBLCLK)
+            return;
+        rows.push_back(list.GetFirstSelectedItem());
+        refill();
+    };
+    refill();
+    const Robot robot;
+    robot.DoubleClickRow(1);
+    for (const char* key : {"Return", "Home", "End", "Return"})
+        robot.Key(key);
+    EXPECT_EQ(rows, (std::vector<int>{1, 2}));
 }

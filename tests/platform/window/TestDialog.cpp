@@ -42,9 +42,20 @@ constexpr MenuEntry kEntries[] = {
     {1, ID_GREYED, "&Second"},
 };
 
-constexpr MenuTemplate kMenus[] = {{IDR_MENU, kEntries}};
+constexpr MenuEntry kFrameEntries[] = {
+    {0, 0, "&File"},         {1, ID_FIRST, "&First"}, {1, 0, {}},
+    {1, ID_GREYED, "E&xit"}, {0, 0, "&Help"},         {1, ID_SYSTEM, "&About"},
+};
 
-constexpr ResourceTable kTable{"Window test", "window-test", kDialogs, kMenus, {}, {}};
+constexpr MenuTemplate kMenus[] = {{IDR_MENU, kEntries}, {IDR_FRAME, kFrameEntries}};
+constexpr TextEntry kTexts[] = {{ID_FIRST, "Does the first thing\nThe first & best"}};
+constexpr PictureEntry kPictures[] = {{1, "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='15'/>"}};
+constexpr ToolBarButton kButtons[] = {{ID_FIRST, 1}};
+constexpr ToolBarTemplate kToolBars[] = {{IDR_FRAME, kButtons}};
+constexpr int kImages[] = {1, 1};
+constexpr ImageStrip kStrips[] = {{IDR_IMAGES, kImages}};
+
+constexpr ResourceTable kTable{"Window test", "window-test", kDialogs, kMenus, kTexts, kPictures, kToolBars, kStrips};
 
 class Resources : public testing::Environment
 {

@@ -1,0 +1,94 @@
+#include "TestFrame.h"
+
+#include <QApplication>
+#include <QWidget>
+
+using Names = std::vector<std::string>;
+
+TEST(Frames, StandBesideAModalDialogAndBothAreUsable)
+{
+    TestDialog dialog;
+    std::vector<UINT> commands;
+    HWND window;
+    dialog.m_onAct = [&] {
+        TestFrame* frame = TestFrame::Open();
+        window = frame->m_hWnd;
+        frame->m_onCommand = [&commands, frame](UINT command) {
+            commands.push_back(command);
+            if (command == ID_FIRST)
+                frame->MessageBox("Done");
+            else
+                frame->SendMessage(WM_CLOSE);
+        };
+    };
+    dialog.Play([&](Robot& robot) {
+        robot.Press("Act");
+        robot.WaitForWindow("Frame");
+        EXPECT_TRUE(IsWindowEnabled(window));
+        EXPECT_EQ(robot.LayoutFaults("Frame"), "");
+        robot.Press("The first && best", "Frame");
+        robot.Answer("OK");
+        robot.ChooseMainMenu("File", "First", "Frame");
+        EXPECT_FALSE(IsWindowEnabled(window));
+        robot.Press("Tick me", "Form");
+        robot.Answer("OK");
+        for (const char* key : {"F10", "Alt+F"})
+        {
+            robot.Key(key);
+            EXPECT_EQ(robot.MenuEntries(), (Names{"First", "-", "Exit"})) << key;
+            if (robot.StatusText("Frame").empty())
+                robot.Key("Down");
+            EXPECT_EQ(robot.StatusText("Frame"), "Does the first thing") << key;
+            robot.CloseMenu();
+            robot.Key("Esc");
+        }
+        robot.ChooseMainMenu("File", "Exit", "Frame");
+        robot.WaitForNoWindow("Frame");
+        robot.Press("Cancel", "Form");
+    });
+    EXPECT_EQ(commands, (std::vector<UINT>{ID_FIRST, ID_FIRST, ID_GREYED}));
+    EXPECT_EQ(g_frames + g_views, 0);
+}
+
+TEST(Frames, LeaveNothingBehindWhenTheyCannotBeMade)
+{
+    using enum TestFrame::Fault;
+    for (const auto fault : {kMenu, kClient, kPane, kToolBar})
+    {
+        EXPECT_FALSE((new TestFrame(fault))->Load()) << fault;
+        EXPECT_EQ(g_frames + g_views, 0) << fault;
+    }
+    EXPECT_EQ(Robot().Windows(), Names{});
+}
+
+TEST(Frames, GoWithTheirOwnerOrByTheirCloseBox)
+{
+    const TestFrame* frame = TestFrame::Open();
+    const HWND tree = frame->Pane(0).m_tree.m_hWnd;
+    EXPECT_TRUE(IsWindow(tree));
+    delete frame;
+    EXPECT_FALSE(IsWindow(tree));
+    TestFrame::Open();
+    Robot().CloseWindow("Frame");
+    EXPECT_TRUE(ServeMessagesUntil([] { return g_frames + g_views == 0; }));
+}
+
+TEST(Frames, AreDrawnInTheColoursOfTheDesktop)
+{
+    const QPalette usual = QApplication::palette();
+    for (const QColor& face : {QColor(240, 240, 240), QColor(40, 40, 40)})
+    {
+        QApplication::setPalette(QPalette(face));
+        const TestFrame* frame = TestFrame::Open();
+        EXPECT_TRUE(ServeMessagesUntil([frame] { return frame->Pane(0).m_size.y > 100; }));
+        const auto windows = QApplication::topLevelWidgets();
+        QWidget* window = *std::ranges::find_if(windows, &QWidget::isVisible);
+        const QImage picture = window->grab().toImage();
+        const QPoint pane = window->findChild<QWidget*>("splitter")->mapTo(window, QPoint(1, 1)); // behind the border
+        EXPECT_EQ(picture.pixelColor(pane + QPoint(5, 5)), face);
+        EXPECT_GT(picture.pixelColor(pane + QPoint(5, 0)).lightness(), face.lightness());
+        EXPECT_LT(picture.pixelColor(pane + QPoint(5, 19)).lightness(), face.lightness());
+        delete frame;
+    }
+    QApplication::setPalette(usual);
+}
