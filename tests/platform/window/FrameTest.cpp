@@ -47,7 +47,7 @@ TEST(Frames, StandBesideAModalDialogAndBothAreUsable)
         robot.Press("Cancel", "Form");
     });
     EXPECT_EQ(commands, (std::vector<UINT>{ID_FIRST, ID_FIRST, ID_GREYED}));
-    EXPECT_EQ(g_frames + g_views, 0);
+    EXPECT_EQ(g_living.use_count(), 1);
 }
 
 TEST(Frames, LeaveNothingBehindWhenTheyCannotBeMade)
@@ -56,7 +56,7 @@ TEST(Frames, LeaveNothingBehindWhenTheyCannotBeMade)
     for (const auto fault : {kMenu, kClient, kPane, kToolBar})
     {
         EXPECT_FALSE((new TestFrame(fault))->Load()) << fault;
-        EXPECT_EQ(g_frames + g_views, 0) << fault;
+        EXPECT_EQ(g_living.use_count(), 1) << fault;
     }
     EXPECT_EQ(Robot().Windows(), Names{});
 }
@@ -70,7 +70,7 @@ TEST(Frames, GoWithTheirOwnerOrByTheirCloseBox)
     EXPECT_FALSE(IsWindow(tree));
     TestFrame::Open();
     Robot().CloseWindow("Frame");
-    EXPECT_TRUE(ServeMessagesUntil([] { return g_frames + g_views == 0; }));
+    EXPECT_TRUE(ServeMessagesUntil([] { return g_living.use_count() == 1; }));
 }
 
 TEST(Frames, AreDrawnInTheColoursOfTheDesktop)

@@ -10,22 +10,8 @@
 #include "platform/window/TreeCtrl.h"
 #include "platform/window/View.h"
 
-// What is alive, to find what was left behind.
-inline int g_frames = 0;
-inline int g_views = 0;
-
-template <int& count>
-struct Counted
-{
-    Counted()
-    {
-        ++count;
-    }
-    ~Counted()
-    {
-        --count;
-    }
-};
+// Held by every frame and view, to find what was left behind.
+inline const auto g_living = std::make_shared<int>();
 
 class TestView : public CView
 {
@@ -64,7 +50,7 @@ protected:
 
 private:
     const bool m_fails;
-    Counted<g_views> m_counted;
+    const std::shared_ptr<int> m_living = g_living;
 };
 
 // What is asked for to the first pane, the rest to the second.
@@ -150,5 +136,5 @@ private:
     const Fault m_fault;
     CToolBar m_toolBar;
     CStatusBar m_statusBar;
-    Counted<g_frames> m_counted;
+    const std::shared_ptr<int> m_living = g_living;
 };
