@@ -125,7 +125,8 @@ struct ResourceTable
 };
 
 // Called once at start; the table must outlive the program. A debug build checks it: control numbers that stand twice
-// in a dialog, two default buttons, a picture of a dialog, tool bar or strip that is not there, and stops with a message that names the fault.
+// in a dialog, two default buttons, a picture of a dialog, tool bar or image strip that is not there, and stops with a
+// message that names the fault.
 void AfxSetResources(const ResourceTable& table);
 // Null while none was set.
 const ResourceTable* AfxGetResources();
