@@ -1,5 +1,6 @@
 #include "app/MainDlg.h"
 
+#include "app/SideWindows.h"
 #include "harvest/BrowserWindows.h"
 #include "resources/ResourceIds.h"
 
@@ -10,7 +11,8 @@
 #include "platform/window/Resource.h"
 #include "platform/window/WinApp.h"
 
-CMainDlg::CMainDlg() : CDialog(IDD_MAIN), m_hIcon(AfxGetApp()->LoadIcon(IDI_APPLICATION_ICON))
+CMainDlg::CMainDlg(CSideWindows& sideWindows)
+    : CDialog(IDD_MAIN), m_sideWindows(sideWindows), m_hIcon(AfxGetApp()->LoadIcon(IDI_APPLICATION_ICON))
 {}
 
 CMainDlg::~CMainDlg()
@@ -30,6 +32,7 @@ const MessageMap& CMainDlg::GetMessageMap() const
                                     OnCommand(IDC_REFRESH, &CMainDlg::OnRefresh),
                                     OnCommand(IDC_DOWNLOAD, &CMainDlg::OnDownloadNow),
                                     OnCommand(IDC_OPEN_FOLDER, &CMainDlg::OnOpenFolder),
+                                    OnCommand(IDC_HISTORY, &CMainDlg::OnHistory),
                                     OnCommand(IDC_SETUP, &CMainDlg::OnSetup),
                                     OnCommand(IDC_HELP_MENU, &CMainDlg::OnHelpMenu),
                                     OnCommand(ID_SELECT_ALL, &CMainDlg::OnSelectAll),
@@ -173,6 +176,11 @@ void CMainDlg::OnOpenFolder()
 {
     constexpr int kShowNormal = 1;
     ShellExecuteA({}, "explore", m_setting.GetSaveFolder().c_str(), nullptr, nullptr, kShowNormal);
+}
+
+void CMainDlg::OnHistory()
+{
+    m_sideWindows.ShowHistory();
 }
 
 LRESULT CMainDlg::OnListRightClick(NMHDR&)

@@ -13,12 +13,15 @@
 
 #include <memory>
 
+class CSideWindows;
+
 // A run's worker lives at most as long as the dialog: leaving stops it, serves messages until it has left, and joins
 // it. A run starts only when the last one's worker has left.
 class CMainDlg : public CDialog, public CDownloadRun, private IHarvestOwner, private IProgressOwner
 {
 public:
-    CMainDlg();
+    // `sideWindows` must outlive the dialog.
+    explicit CMainDlg(CSideWindows& sideWindows);
     ~CMainDlg() override;
 
     // Empties and refills the list of browser windows. The number of rows; -1 while the dialog is not ready.
@@ -49,6 +52,7 @@ private:
     void OnRefresh();
     void OnDownloadNow();
     void OnOpenFolder();
+    void OnHistory();
     void OnHelpMenu();
     void OnSelectAll();
     void OnReverseSelect();
@@ -75,6 +79,7 @@ private:
     bool IsWorkerInTheWay() const;
     void StopWorker();
 
+    CSideWindows& m_sideWindows;
     CFlag m_bReady = 0;                     // the progress window and the window collection exist
     CComPtr<IShellWindows> m_pShellWindows; // of the user-interface thread
     CUrlList m_pageUrls;                    // pages of the present run

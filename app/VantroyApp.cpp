@@ -34,7 +34,7 @@ BOOL CVantroyApp::InitInstance()
 
 void CVantroyApp::RunMainDialog()
 {
-    CMainDlg dialog;
+    CMainDlg dialog(m_sideWindows);
     m_pMainWnd = &dialog;
     dialog.DoModal();
 }
@@ -64,6 +64,7 @@ void CVantroyApp::RunCurrentPages()
 
 int CVantroyApp::ExitInstance()
 {
+    m_sideWindows.CloseAll();
     CloseBrowsers();
     CoUninitialize();
     return CWinApp::ExitInstance();

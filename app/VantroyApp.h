@@ -1,6 +1,8 @@
 // The application object: picks the run mode, shows the one modal dialog of that mode, and leaves.
 #pragma once
 
+#include "app/SideWindows.h"
+
 #include "platform/window/WinApp.h"
 
 class CVantroyApp : public CWinApp
@@ -20,4 +22,6 @@ public:
 private:
     void RunMainDialog();
     void RunAllPages();
+
+    CSideWindows m_sideWindows; // of the main dialog
 };

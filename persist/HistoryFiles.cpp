@@ -17,13 +17,6 @@
 namespace
 {
 
-// Empty if nobody knows where the program lives.
-std::string HistoryFolder()
-{
-    const std::string home = GetInstallFolder();
-    return home.empty() ? home : PathInFolder(home, "History");
-}
-
 std::string DayPath(const std::string& folder, std::int32_t time)
 {
     return PathInFolder(folder, CTime(time).Format("%Y-%m-%d"));
@@ -75,6 +68,12 @@ CHistoryItem ReadRecord(CXmlDoc& document)
 }
 
 } // namespace
+
+std::string HistoryFolder()
+{
+    const std::string home = GetInstallFolder();
+    return home.empty() ? home : PathInFolder(home, "History");
+}
 
 void CHistoryStore::SaveItems() const
 {

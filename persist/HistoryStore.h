@@ -59,6 +59,9 @@ private:
     std::int32_t m_time;
 };
 
+// The folder of the files; empty if nobody knows where the program lives. It is there once something was written.
+std::string HistoryFolder();
+
 class CHistoryStore
 {
 public:

@@ -10,6 +10,13 @@ constexpr MenuEntry kListPopup[] = {
     {1, 0, ""},     {1, IDC_REFRESH, "Refresh &Window List"},
 };
 
+constexpr MenuEntry kHistory[] = {
+    {0, 0, "&File"},
+    {1, ID_CLEAR_HISTORY, "&Clear Download History"},
+    {1, 0, ""},
+    {1, ID_APP_EXIT, "&Exit"},
+};
+
 constexpr MenuEntry kHelpPopup[] = {
     {0, 0, "Help"},
     {1, ID_USER_MANUAL, "User &Manual"},
@@ -29,6 +36,7 @@ std::span<const MenuTemplate> MenuResources()
     static constexpr MenuTemplate menus[] = {
         {IDR_LIST_POPUP, kListPopup},
         {IDR_HELP_POPUP, kHelpPopup},
+        {IDR_HISTORY, kHistory},
     };
     return menus;
 }

@@ -8,6 +8,25 @@ std::span<const PictureEntry> PictureResources()
     static const PictureEntry entries[] = {
         {IDI_APPLICATION_ICON, pictures::kIcon},
         {IDB_BANNER, pictures::kBanner},
+        {IDB_CLEAR_HISTORY, pictures::kClearHistory},
+        {IDB_HISTORY, pictures::kHistory},
+        {IDB_DAY, pictures::kDay},
+        {IDB_PAGE, pictures::kPage},
+        {IDB_FILE, pictures::kFile},
     };
     return entries;
+}
+
+std::span<const ToolBarTemplate> ToolBarResources()
+{
+    static constexpr ToolBarButton history[] = {{ID_CLEAR_HISTORY, IDB_CLEAR_HISTORY}};
+    static constexpr ToolBarTemplate toolBars[] = {{IDR_HISTORY, history}};
+    return toolBars;
+}
+
+std::span<const ImageStrip> ImageStripResources()
+{
+    static constexpr int levels[] = {IDB_HISTORY, IDB_DAY, IDB_PAGE, IDB_FILE};
+    static constexpr ImageStrip strips[] = {{IDR_HISTORY_LEVELS, levels}};
+    return strips;
 }

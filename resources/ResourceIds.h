@@ -4,6 +4,11 @@
 // Pictures.
 inline constexpr int IDI_APPLICATION_ICON = 128;
 inline constexpr int IDB_BANNER = 129;
+inline constexpr int IDB_CLEAR_HISTORY = 130;
+inline constexpr int IDB_HISTORY = 131;
+inline constexpr int IDB_DAY = 132;
+inline constexpr int IDB_PAGE = 133;
+inline constexpr int IDB_FILE = 134;
 
 // Dialogs.
 inline constexpr int IDD_MAIN = 102;
@@ -32,6 +37,15 @@ inline constexpr int IDC_TRANSFER_BAR = 1023;
 inline constexpr int IDC_TRANSFER_PERCENT = 1024;
 inline constexpr int IDC_CANCEL_CURRENT = 1025;
 
+// Controls of the history window.
+inline constexpr int IDC_HISTORY_TOOLBAR = 101;
+inline constexpr int IDC_HISTORY_TREE = 102;
+inline constexpr int IDC_HISTORY_LIST = 103;
+
+// Menu and tool bar of the history window, and its pictures of levels.
+inline constexpr int IDR_HISTORY = 167;
+inline constexpr int IDR_HISTORY_LEVELS = 175;
+
 // Popup menus.
 inline constexpr int IDR_LIST_POPUP = 149;
 inline constexpr int IDR_HELP_POPUP = 187;
@@ -40,9 +54,11 @@ inline constexpr int IDR_HELP_POPUP = 187;
 inline constexpr int ID_ABOUT_SYSTEM = 16; // in the system menu: the low four bits are the system's own
 inline constexpr int ID_SELECT_ALL = 32771;
 inline constexpr int ID_REVERSE_SELECT = 32772;
+inline constexpr int ID_CLEAR_HISTORY = 32774;
 inline constexpr int ID_EMAIL_SUPPORT = 32783;
 inline constexpr int ID_ABOUT = 57664;
 inline constexpr int ID_USER_MANUAL = 57670;
+inline constexpr int ID_APP_EXIT = 57694;
 inline constexpr int ID_HOME_PAGE = 57693;
 inline constexpr int ID_CHECK_VERSION = 57695;
 
@@ -69,3 +85,11 @@ inline constexpr int IDS_NO_PAGE = 119;
 inline constexpr int IDS_NO_URL_CACHE = 120;
 inline constexpr int IDS_NO_MEMORY = 121;
 inline constexpr int IDS_BAD_URL_CACHE = 122;
+inline constexpr int IDS_COLUMN_FILE = 123;
+inline constexpr int IDS_COLUMN_SIZE = 124;
+inline constexpr int IDS_COLUMN_PATH = 125;
+inline constexpr int IDS_COLUMN_ADDRESS = 126;
+inline constexpr int IDS_SIZE_KB = 127;
+inline constexpr int IDS_HISTORY_WINDOW = 32778;
+inline constexpr int IDS_HISTORY = 32779;
+inline constexpr int IDS_HISTORY_REMOVED = 32782;

@@ -8,6 +8,8 @@ const ResourceTable& VantroyResources()
                                      .menus = MenuResources(),
                                      .texts = TextResources(),
                                      .pictures = PictureResources(),
+                                     .toolBars = ToolBarResources(),
+                                     .imageStrips = ImageStripResources(),
                                      .version = VersionResource(),
                                      .usage = UsageResource()};
     return table;

@@ -10,5 +10,7 @@ std::span<const DialogTemplate> DialogResources();
 std::span<const MenuTemplate> MenuResources();
 std::span<const TextEntry> TextResources();
 std::span<const PictureEntry> PictureResources();
+std::span<const ToolBarTemplate> ToolBarResources();
+std::span<const ImageStrip> ImageStripResources();
 std::string_view VersionResource();
 std::string_view UsageResource();

@@ -2,6 +2,8 @@
 
 #include "resources/ResourceIds.h"
 
+#include "platform/window/FrameWnd.h"
+
 std::span<const TextEntry> TextResources()
 {
     static constexpr TextEntry texts[] = {
@@ -27,6 +29,20 @@ std::span<const TextEntry> TextResources()
         {IDS_NO_URL_CACHE, "Unable to read url cache file: %s"},
         {IDS_NO_MEMORY, "Memory not enouth.Please close some other application and try again."},
         {IDS_BAD_URL_CACHE, "Error occured while parsing url cache file, please try again."},
+        {IDS_COLUMN_FILE, "Filename"},
+        {IDS_COLUMN_SIZE, "Size"},
+        {IDS_COLUMN_PATH, "Path"},
+        {IDS_COLUMN_ADDRESS, "Download URl"},
+        {IDS_SIZE_KB, "%d KB"},
+        {IDS_HISTORY_WINDOW, "Download History"},
+        {IDS_HISTORY, "Download History"},
+        {IDS_HISTORY_REMOVED, "Download history has been removed."},
+        // Prompts of commands, and their tips.
+        {ID_CLEAR_HISTORY, "Clear all download history\nClear all download history"},
+        // Indicators of locked keys.
+        {ID_INDICATOR_CAPS, "CAP"},
+        {ID_INDICATOR_NUM, "NUM"},
+        {ID_INDICATOR_SCRL, "SCRL"},
     };
     return texts;
 }

@@ -4,7 +4,9 @@
 #include "platform/text/CodePage_p.h"
 #include "platform/text/Utf8_p.h"
 
+#include <clocale>
 #include <cstring>
+#include <cwctype>
 
 namespace
 {
@@ -76,6 +78,17 @@ int CompareCharacters(UINT page, const char* left, const char* right)
 int _mbscmp(const char* left, const char* right)
 {
     return CompareCharacters(GetACP(), left, right);
+}
+
+std::string CharLowerA(const std::string& text)
+{
+    static const locale_t anywhere = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    std::wstring wide = AnsiToWide(text);
+    if (!anywhere || WideToAnsi(wide) != text)
+        return text;
+    for (wchar_t& c : wide)
+        c = static_cast<wchar_t>(towlower_l(static_cast<wint_t>(c), anywhere));
+    return WideToAnsi(wide);
 }
 
 const char* CharNextA(const char* at)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/MainDlg.h"
+#include "app/SideWindows.h"
 #include "base/Paths.h"
 #include "persist/HistoryStore.h"
 #include "resources/Resources.h"
@@ -26,8 +27,9 @@ template <class Dialog>
 class TestDlg : public Dialog
 {
 public:
-    TestDlg(std::function<void()> whenShowing, std::atomic<HWND>& window)
-        : m_whenShowing(std::move(whenShowing)), m_window(window)
+    template <class... Arguments>
+    TestDlg(std::function<void()> whenShowing, std::atomic<HWND>& window, Arguments&... arguments)
+        : Dialog(arguments...), m_whenShowing(std::move(whenShowing)), m_window(window)
     {}
 
 private:
@@ -64,15 +66,19 @@ protected:
     {
         RunScript(
             [&prepare, this] {
-                CoInitialize(nullptr);
-                {
-                    TestDlg<Dialog> dialog(m_whenShowing, m_window);
+                const auto run = [&](auto&... arguments) {
+                    TestDlg<Dialog> dialog(m_whenShowing, m_window, arguments...);
                     dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
                     prepare(dialog);
                     AfxGetApp()->m_pMainWnd = &dialog;
                     dialog.DoModal();
                     AfxGetApp()->m_pMainWnd = nullptr;
-                }
+                };
+                CoInitialize(nullptr);
+                if constexpr (std::is_same_v<Dialog, CMainDlg>)
+                    run(m_sideWindows);
+                else
+                    run();
                 CoUninitialize();
             },
             [&script, this](Robot& robot) {
@@ -123,6 +129,7 @@ protected:
     HttpTestServer m_server;
     MemoryBrowser m_browser;
     MemoryUrlCache m_cache;
+    CSideWindows m_sideWindows;
     std::function<void()> m_whenShowing;
     std::atomic<HWND> m_window{HWND{}}; // of the dialog, from its start on
 };
