@@ -4,6 +4,7 @@
 // usage: bench_download [ROUNDS]
 
 #include "app/MainDlg.h"
+#include "app/SideWindows.h"
 #include "bench/Rounds.h"
 #include "resources/ResourceIds.h"
 #include "resources/Resources.h"
@@ -100,6 +101,8 @@ private:
 class BenchDlg : public CMainDlg
 {
 public:
+    using CMainDlg::CMainDlg;
+
     std::atomic<HWND> m_window{HWND{}};
     std::atomic<bool> m_bOver = false;
     Clock::time_point m_end;
@@ -132,7 +135,8 @@ double TimeVantroy(const std::vector<std::string>& paths)
         page.images.push_back({std::wstring(url.begin(), url.end())});
     }
     browser.SetWindows({page});
-    BenchDlg dialog;
+    CSideWindows sideWindows;
+    BenchDlg dialog(sideWindows);
     dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(home.Path("Download")));
     Clock::time_point start;
     RunScript([&dialog] { dialog.DoModal(); },

@@ -1,5 +1,6 @@
 #include "bench/HistoryBench.h"
 
+#include "bench/HistoryData.h"
 #include "bench/Rounds.h"
 #include "persist/HistoryStore.h"
 
@@ -12,49 +13,7 @@
 namespace
 {
 
-constexpr int kDays = 365;
 constexpr int kFilesOfPage = 3;
-
-std::string PageUrl(int page)
-{
-    return "http://www.example.com/gallery/" + std::to_string(page) + "/index.php?set=7";
-}
-
-CHistoryItem PageWithFiles(int page, int files)
-{
-    CHistoryItem item;
-    item.SetPageUrl(PageUrl(page));
-    for (int file = 0; file < files; ++file)
-    {
-        CHistoryFile entry;
-        entry.SetUrl(PageUrl(page) + "/picture" + std::to_string(file) + ".jpg");
-        item.AddFile(entry);
-    }
-    return item;
-}
-
-void MarkAll(CHistoryStore& store, int pages, int files)
-{
-    for (int page = 0; page < pages; ++page)
-        for (int file = 0; file < files; ++file)
-            store.MarkFileDone(PageUrl(page) + "/picture" + std::to_string(file) + ".jpg", "/home/user/Download/p.jpg");
-}
-
-// A history of distinct pages, spread over the days of a year.
-void WriteHistory(int pages)
-{
-    constexpr std::int32_t kFirstDay = 1041422400;
-    constexpr std::int32_t kSecondsOfDay = 86400;
-    CHistoryStore store;
-    for (int page = 0; page < pages; ++page)
-    {
-        CHistoryItem item = PageWithFiles(page, kFilesOfPage);
-        item.SetTime(kFirstDay + page * kDays / pages * kSecondsOfDay);
-        store.AddItem(std::move(item));
-    }
-    MarkAll(store, pages, kFilesOfPage);
-    store.SaveItems();
-}
 
 void Row(const char* what, int count, const std::vector<double>& times, double& before)
 {
@@ -73,7 +32,7 @@ void BenchLoading(int rounds)
     for (const int pages : {1000, 10000, 100000})
     {
         const TempHome home;
-        WriteHistory(pages);
+        WriteHistory(pages, kFilesOfPage);
         std::vector<double> times;
         for (int round = 0; round < rounds; ++round)
         {
