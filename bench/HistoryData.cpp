@@ -29,7 +29,8 @@ void MarkAll(CHistoryStore& store, int pages, int files)
 {
     for (int page = 0; page < pages; ++page)
         for (int file = 0; file < files; ++file)
-            store.MarkFileDone(PageUrl(page) + "/picture" + std::to_string(file) + ".jpg", "/home/user/Download/p.jpg");
+            store.MarkFileDone(PageUrl(page) + "/picture" + std::to_string(file) + ".jpg",
+                               "/home/user/Download/" + std::to_string(file) + "p.jpg");
 }
 
 void WriteHistory(int pages, int files)

@@ -72,6 +72,7 @@ LRESULT CHistoryDetailView::OnCreate(WPARAM, LPARAM)
     if (Default() == -1 || !m_list.Create(client, this, IDC_HISTORY_LIST))
         return -1;
     m_list.SetExtendedStyle(m_list.GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+    m_list.SetWindowText(AfxLoadString(IDS_HISTORY));
     m_images.Create(IDR_HISTORY_LEVELS, kImageSize);
     m_list.SetImageList(m_images);
     m_pTree = dynamic_cast<CHistoryTreeView*>(CHistorySplitter::PaneBeside(*this, 0, 0));

@@ -56,6 +56,7 @@ LRESULT CHistoryTreeView::OnCreate(WPARAM, LPARAM)
     m_title = AfxLoadString(IDS_HISTORY);
     if (Default() == -1 || !m_tree.Create(TreeArea(client.right, client.bottom), this, IDC_HISTORY_TREE))
         return -1;
+    m_tree.SetWindowText(m_title);
     m_images.Create(IDR_HISTORY_LEVELS, kImageSize);
     m_tree.SetImageList(m_images);
     RebuildTree();

@@ -43,7 +43,11 @@ QIcon PictureIcon(int id)
     if (const auto picture = LoadPicture(id))
     {
         for (const int size : kIconSizes)
-            icon.addPixmap(RenderIcon(*picture, size));
+        {
+            const QPixmap pixmap = RenderIcon(*picture, size);
+            icon.addPixmap(pixmap);
+            icon.addPixmap(pixmap, QIcon::Selected); // else the style tints it
+        }
     }
     return icon;
 }

@@ -22,6 +22,7 @@ TreeWidget::TreeWidget(QWidget* parent) : QTreeWidget(parent)
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
+    setTextElideMode(Qt::ElideMiddle); // addresses of one site begin alike
     setItemDelegate(new CellDelegate(0, this));
     connect(this, &QTreeWidget::itemSelectionChanged, this, [this] { NotifySelected(); });
 }

@@ -79,6 +79,7 @@ protected:
                     run(m_sideWindows);
                 else
                     run();
+                m_sideWindows.CloseAll();
                 CoUninitialize();
             },
             [&script, this](Robot& robot) {
