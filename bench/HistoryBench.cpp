@@ -32,7 +32,7 @@ void BenchLoading(int rounds)
     for (const int pages : {1000, 10000, 100000})
     {
         const TempHome home;
-        WriteHistory(pages, kFilesOfPage);
+        WriteHistory(pages, kFilesOfPage, home.Folder());
         std::vector<double> times;
         for (int round = 0; round < rounds; ++round)
         {
@@ -57,7 +57,7 @@ void BenchMarking(int rounds)
             CHistoryStore store;
             for (int page = 0; page < kPages; ++page)
                 store.AddItem(PageWithFiles(page, files / kPages));
-            times.push_back(TimeOf([&] { MarkAll(store, kPages, files / kPages); }));
+            times.push_back(TimeOf([&] { MarkAll(store, kPages, files / kPages, "/home/user/Download"); }));
         }
         Row("MarkFileDone, files:", files, times, before);
     }

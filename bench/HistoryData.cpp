@@ -25,15 +25,15 @@ CHistoryItem PageWithFiles(int page, int files)
     return item;
 }
 
-void MarkAll(CHistoryStore& store, int pages, int files)
+void MarkAll(CHistoryStore& store, int pages, int files, const std::string& folder)
 {
     for (int page = 0; page < pages; ++page)
         for (int file = 0; file < files; ++file)
             store.MarkFileDone(PageUrl(page) + "/picture" + std::to_string(file) + ".jpg",
-                               "/home/user/Download/" + std::to_string(file) + "p.jpg");
+                               folder + '/' + std::to_string(file) + ".jpg");
 }
 
-void WriteHistory(int pages, int files)
+void WriteHistory(int pages, int files, const std::string& folder)
 {
     constexpr std::int32_t kFirstDay = 1041422400;
     constexpr std::int32_t kSecondsOfDay = 86400;
@@ -44,6 +44,6 @@ void WriteHistory(int pages, int files)
         item.SetTime(kFirstDay + page * kDays / pages * kSecondsOfDay);
         store.AddItem(std::move(item));
     }
-    MarkAll(store, pages, files);
+    MarkAll(store, pages, files, folder);
     store.SaveItems();
 }

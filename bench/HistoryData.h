@@ -7,7 +7,7 @@
 
 std::string PageUrl(int page);
 CHistoryItem PageWithFiles(int page, int files);
-// Marks all files of the pages 0 .. pages - 1.
-void MarkAll(CHistoryStore& store, int pages, int files);
+// Marks all files of the pages 0 .. pages - 1 as saved in the folder.
+void MarkAll(CHistoryStore& store, int pages, int files, const std::string& folder);
 // Writes the day files of distinct pages, spread over the days of a year, with `files` files each.
-void WriteHistory(int pages, int files);
+void WriteHistory(int pages, int files, const std::string& folder);

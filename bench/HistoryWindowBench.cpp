@@ -55,7 +55,7 @@ void BenchOpening(int rounds)
     for (const int pages : {1000, 10000, 50000})
     {
         const TempHome home;
-        WriteHistory(pages, 3);
+        WriteHistory(pages, 3, home.Folder());
         Row("opening on pages in 365 days:", pages, rounds, [] {
             const auto start = Clock::now();
             double seconds = 0;
@@ -73,7 +73,9 @@ void BenchSelecting(int rounds)
     for (const int files : {5000, 50000})
     {
         const TempHome home;
-        WriteHistory(1, files);
+        WriteHistory(1, files, home.Folder());
+        for (int file = 0; file < files; ++file)
+            home.Write(std::to_string(file) + ".jpg", "picture");
         Row("selecting a page with files:", files, rounds, [] {
             double seconds = 0;
             WithWindow([&seconds](Robot& robot) {
