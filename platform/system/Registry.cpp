@@ -5,13 +5,19 @@
 #include "platform/system/LastError.h"
 #include "platform/system/RegistryFile_p.h"
 
+#include <algorithm>
+#include <atomic>
 #include <cstring>
 #include <map>
 #include <mutex>
 #include <string>
+#include <type_traits>
 
 namespace
 {
+
+constexpr std::ptrdiff_t kMostLevels = 512; // as published
+constexpr DWORD kWriteAccess = 0x00006;     // to set values and to make sub-keys
 
 struct Key
 {
@@ -71,6 +77,7 @@ RegistryFile FileOf(HKEY root)
                         (root == HKEY_CURRENT_USER ? kUserRegistryFile : kMachineRegistryFile));
 }
 
+// False for a handle that is not open, and for a key below the deepest level of the registry.
 bool FindSubKey(HKEY handle, const char* subKey, Key& key)
 {
     if (!Keys().Find(handle, key))
@@ -81,7 +88,22 @@ bool FindSubKey(HKEY handle, const char* subKey, Key& key)
     if (!key.path.empty() && !below.empty())
         key.path += '\\';
     key.path += below;
-    return true;
+    return std::ranges::count(key.path, '\\') < kMostLevels;
+}
+
+// What a change answers; ERROR_SUCCESS for one that cannot fail.
+template <class Change>
+LONG Result(const Change& change, RegistryFile& file)
+{
+    if constexpr (std::is_void_v<decltype(change(file))>)
+    {
+        change(file);
+        return ERROR_SUCCESS;
+    }
+    else
+    {
+        return change(file);
+    }
 }
 
 // Runs a change of the root's file; no other writer comes between its reading and its writing.
@@ -94,8 +116,17 @@ LONG ChangeFile(HKEY root, const Change& change)
     RegistryFile file = FileOf(root);
     if (const LONG error = file.Load(); error != ERROR_SUCCESS)
         return error;
-    change(file);
+    if (const LONG error = Result(change, file); error != ERROR_SUCCESS)
+        return error;
     return file.Save();
+}
+
+std::atomic<RegistryGuard> g_guard = nullptr;
+
+bool IsRefused(const Key& key)
+{
+    const RegistryGuard guard = g_guard;
+    return guard && !guard(key.root, key.path.c_str());
 }
 
 } // namespace
@@ -126,6 +157,62 @@ LONG RegCreateKeyA(HKEY key, const char* subKey, HKEY* result)
     if (error == ERROR_SUCCESS)
         *result = Keys().Add(std::move(made));
     return error;
+}
+
+LONG RegOpenKeyExA(HKEY key, const char* subKey, DWORD, DWORD access, HKEY* result)
+{
+    *result = HKEY::Null;
+    Key wanted;
+    if (!FindSubKey(key, subKey, wanted))
+        return ERROR_INVALID_HANDLE;
+    return (access & kWriteAccess) && IsRefused(wanted) ? ERROR_ACCESS_DENIED : RegOpenKeyA(key, subKey, result);
+}
+
+LONG RegCreateKeyExA(HKEY key, const char* subKey, DWORD, char*, DWORD, DWORD access, void*, HKEY* result, DWORD*)
+{
+    const LONG error = RegOpenKeyExA(key, subKey, 0, access, result);
+    return error == static_cast<LONG>(ERROR_FILE_NOT_FOUND) ? RegCreateKeyA(key, subKey, result) : error;
+}
+
+LONG RegEnumKeyExA(HKEY key, DWORD index, char* name, DWORD* size, DWORD*, char*, DWORD*, void*)
+{
+    Key found;
+    if (!Keys().Find(key, found))
+        return ERROR_INVALID_HANDLE;
+    RegistryFile file = FileOf(found.root);
+    if (const LONG error = file.Load(); error != ERROR_SUCCESS)
+        return error;
+    const std::vector<std::string> names = file.SubKeys(found.path);
+    if (index >= names.size())
+        return ERROR_NO_MORE_ITEMS;
+    const std::string& text = names[index];
+    if (*size <= text.size())
+        return ERROR_MORE_DATA;
+    std::memcpy(name, text.c_str(), text.size() + 1);
+    *size = static_cast<DWORD>(text.size());
+    return ERROR_SUCCESS;
+}
+
+LONG RegDeleteKeyA(HKEY key, const char* subKey)
+{
+    Key wanted;
+    if (!FindSubKey(key, subKey, wanted) || wanted.path.empty())
+        return ERROR_INVALID_HANDLE;
+    if (IsRefused(wanted))
+        return ERROR_ACCESS_DENIED;
+    return ChangeFile(wanted.root, [&wanted](RegistryFile& file) -> LONG {
+        if (!file.HasKey(wanted.path))
+            return ERROR_FILE_NOT_FOUND;
+        if (!file.SubKeys(wanted.path).empty())
+            return ERROR_ACCESS_DENIED;
+        file.RemoveKey(wanted.path);
+        return ERROR_SUCCESS;
+    });
+}
+
+void SetRegistryGuard(RegistryGuard guard)
+{
+    g_guard = guard;
 }
 
 LONG RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size)

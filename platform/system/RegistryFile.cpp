@@ -165,6 +165,35 @@ void RegistryFile::AddKey(const std::string& key)
         m_lines.push_back('[' + Escaped(key, {}) + ']');
 }
 
+void RegistryFile::RemoveKey(const std::string& key)
+{
+    bool inside = false;
+    std::erase_if(m_lines, [&](const std::string& line) {
+        if (IsKeyLine(line))
+            inside = SameText(KeyOf(line), key);
+        return inside && !line.empty() && !line.starts_with('#');
+    });
+    const std::size_t above = key.rfind('\\');
+    if (above != kNone && !HasKey(key.substr(0, above)))
+        AddKey(key.substr(0, above));
+}
+
+std::vector<std::string> RegistryFile::SubKeys(const std::string& key) const
+{
+    const std::string above = key.empty() ? key : key + '\\';
+    std::vector<std::string> names;
+    for (const std::string& line : m_lines)
+    {
+        const std::string found = IsKeyLine(line) ? KeyOf(line) : std::string();
+        if (found.size() <= above.size() || !SameText(found.substr(0, above.size()), above))
+            continue;
+        const std::string name = found.substr(above.size(), found.find('\\', above.size()) - above.size());
+        if (std::ranges::none_of(names, [&name](const std::string& other) { return SameText(name, other); }))
+            names.push_back(name);
+    }
+    return names;
+}
+
 std::optional<std::string> RegistryFile::Value(const std::string& key, const std::string& name) const
 {
     const std::size_t at = FindValue(key, name);
@@ -183,7 +212,19 @@ void RegistryFile::SetValue(const std::string& key, const std::string& name, con
         return;
     }
     AddKey(key);
-    m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(FindKey(key)) + 1, line);
+    m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(EndOfValues(FindKey(key))), line);
+}
+
+// Behind the last value of the key at that line, before what separates it from the next one.
+std::size_t RegistryFile::EndOfValues(std::size_t key) const
+{
+    std::size_t end = key + 1;
+    for (std::size_t i = end; i < m_lines.size() && !IsKeyLine(m_lines[i]); ++i)
+    {
+        if (!m_lines[i].empty() && !m_lines[i].starts_with('#'))
+            end = i + 1;
+    }
+    return end;
 }
 
 std::size_t RegistryFile::FindKey(const std::string& key) const

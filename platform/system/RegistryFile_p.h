@@ -19,11 +19,16 @@ public:
 
     bool HasKey(const std::string& key) const;
     void AddKey(const std::string& key);
+    // The key and its values; what stands below it stays, and so does the key above it.
+    void RemoveKey(const std::string& key);
+    // The names of the keys right below, as they are written, in the order of the file.
+    std::vector<std::string> SubKeys(const std::string& key) const;
     std::optional<std::string> Value(const std::string& key, const std::string& name) const;
     void SetValue(const std::string& key, const std::string& name, const std::string& text);
 
 private:
     std::size_t FindKey(const std::string& key) const;
+    std::size_t EndOfValues(std::size_t key) const;
     std::size_t FindValue(const std::string& key, const std::string& name) const;
 
     std::string m_path;
