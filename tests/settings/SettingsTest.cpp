@@ -1,5 +1,6 @@
 #include "settings/BrowserButton.h"
 #include "settings/PagePath.h"
+#include "settings/ResolutionChoice.h"
 
 #include "platform/system/LastError.h"
 #include "platform/system/Registry.h"
@@ -91,4 +92,38 @@ TEST(BrowserButton, IsLeftWhereARightIsMissing)
     SetRegistryGuard(nullptr);
     EXPECT_EQ(Machine(home).find("Exec"), std::string::npos);
     EXPECT_TRUE(RemoveBrowserButton());
+}
+
+TEST(ResolutionChoice, PresetsStandBeforeTheOthers)
+{
+    CResolutionVector list{{800, 600}, {5, 5}};
+    SetListed(list, {640, 480}, true);
+    SetListed(list, {640, 480}, true);
+    SetListed(list, {800, 600}, false);
+    SetListed(list, {9, 9}, false);
+    EXPECT_EQ(list, (CResolutionVector{{5, 5}, {640, 480}}));
+    EXPECT_EQ(JoinResolutions({false, true, false, false, true}, {{7, 7}, {1600, 1200}, {640, 480}, {7, 7}}),
+              (CResolutionVector{{800, 600}, {1600, 1200}, {7, 7}, {640, 480}}));
+}
+
+TEST(ResolutionChoice, RowsAreTheSizesWithoutABox)
+{
+    using Entry = CResolutionRows::Entry;
+    CResolutionRows rows;
+    rows.SetList({{100, 50}, {640, 480}, {7, 9}});
+    const std::tuple<const char*, const char*, Entry> cases[] = {
+        {"", "5", Entry::Missing},      {"5", "", Entry::Missing},
+        {"0", "5", Entry::Refused},     {"5", "-3", Entry::Refused},
+        {"x", "5", Entry::Refused},     {"640", "480", Entry::Refused},
+        {"0100", "50", Entry::Refused}, {"012", "3k", Entry::Added},
+        {"800", "600", Entry::Added},   {"99999999999999999999", "1", Entry::Added}};
+    for (const auto& [width, height, entry] : cases)
+        EXPECT_EQ(rows.Add(width, height), entry) << width << ' ' << height;
+    EXPECT_EQ(rows.GetRows(),
+              (std::vector<std::string>{"100 x 50", "7 x 9", "012 x 3k", "800 x 600", "99999999999999999999 x 1"}));
+    rows.Remove({0, 2, 4});
+    EXPECT_EQ(rows.GetRows(), (std::vector<std::string>{"7 x 9", "800 x 600"}));
+    EXPECT_EQ(rows.GetList(), (CResolutionVector{{640, 480}, {7, 9}, {800, 600}}));
+    rows.SetList(rows.GetList());
+    EXPECT_EQ(rows.GetRows(), std::vector<std::string>{"7 x 9"});
 }
