@@ -169,8 +169,10 @@ class Browser(contextlib.AbstractContextManager):
     def _loaded(self, wanted):
         with urllib.request.urlopen(f'{self.endpoint}/json/list', timeout=10) as answer:
             pages = [page for page in json.load(answer) if page['type'] == 'page' and page['url'] in wanted]
+        # A new tab is listed with its address while it still shows its first, empty document.
         return len(pages) == len(wanted) and all(
-            evaluate(page['webSocketDebuggerUrl'], 'document.readyState') == 'complete' for page in pages)
+            evaluate(page['webSocketDebuggerUrl'], 'document.readyState == "complete" && location.href') == page['url']
+            for page in pages)
 
     def __exit__(self, *_):
         self._stack.close()
