@@ -5,6 +5,11 @@
 
 #include <algorithm>
 
+void CImageList::Images::Add(HICON handle)
+{
+    images.push_back({handle, PictureIcon(static_cast<int>(handle.resource))});
+}
+
 BOOL CImageList::Create(UINT stripId, int width)
 {
     const ResourceTable* resources = AfxGetResources();
@@ -16,7 +21,45 @@ BOOL CImageList::Create(UINT stripId, int width)
     auto images = std::make_shared<Images>();
     images->width = width;
     for (const int picture : strip->pictures)
-        images->icons.push_back(PictureIcon(picture));
+        images->Add({static_cast<std::uint32_t>(picture)});
     m_images = std::move(images);
     return TRUE;
+}
+
+BOOL CImageList::Create(int width)
+{
+    auto images = std::make_shared<Images>();
+    images->width = width;
+    m_images = std::move(images);
+    return TRUE;
+}
+
+void CImageList::DeleteImageList()
+{
+    m_images.reset();
+}
+
+int CImageList::GetImageCount() const
+{
+    return m_images ? static_cast<int>(m_images->images.size()) : 0;
+}
+
+int CImageList::GetImageWidth() const
+{
+    return m_images ? m_images->width : 0;
+}
+
+int CImageList::Add(HICON icon)
+{
+    if (!m_images || !icon)
+        return -1;
+    auto images = std::make_shared<Images>(*m_images);
+    images->Add(icon);
+    m_images = std::move(images);
+    return GetImageCount() - 1;
+}
+
+HICON CImageList::ExtractIcon(int image) const
+{
+    return m_images ? m_images->At(image).handle : HICON();
 }

@@ -8,13 +8,24 @@
 
 struct CImageList::Images
 {
-    std::vector<QIcon> icons;
+    struct Image
+    {
+        HICON handle;
+        QIcon icon;
+    };
+
+    std::vector<Image> images;
     int width;
 
-    // A null icon for a number that there is none for.
-    QIcon Icon(int number) const
+    void Add(HICON handle);
+    // Nothing for a number that there is none for.
+    Image At(int number) const
     {
         const auto index = static_cast<std::size_t>(number);
-        return index < icons.size() ? icons[index] : QIcon();
+        return index < images.size() ? images[index] : Image();
+    }
+    QIcon Icon(int number) const
+    {
+        return At(number).icon;
     }
 };
