@@ -1,5 +1,6 @@
 // What a user would call a broken layout: cut texts, and controls outside their window or on one another.
 #include "platform/testing/Robot_p.h"
+#include "platform/window/DrawnWidget_p.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -13,6 +14,7 @@
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionGroupBox>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -117,10 +119,13 @@ bool Overlap(const QWidget* one, const QWidget* other)
     return one->parentWidget() == other->parentWidget() && one->geometry().intersects(other->geometry());
 }
 
-// A group box frames controls that are its siblings: those may lie inside it, though not on its edge.
+// A group box, the tabs of a sheet and a window that the program draws frame controls that are their siblings: those
+// may lie inside, though not on the edge.
 bool Frames(const QWidget* box, const QWidget* control)
 {
-    return qobject_cast<const QGroupBox*>(box) && box->geometry().contains(control->geometry());
+    const bool frame = qobject_cast<const QGroupBox*>(box) || qobject_cast<const QTabWidget*>(box) ||
+                       dynamic_cast<const DrawnWidget*>(box);
+    return frame && box->geometry().contains(control->geometry());
 }
 
 std::string OverlapFaults(const Controls& controls, std::size_t index)

@@ -1,6 +1,7 @@
 #include "platform/window/Calls.h"
 
 #include "platform/window/Desktop_p.h"
+#include "platform/window/KeyFilter_p.h"
 #include "platform/window/ProgressWords_p.h"
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
@@ -10,6 +11,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <limits>
 
 namespace
 {
@@ -79,6 +81,26 @@ void Show(WindowRecord& record, int command)
     }
 }
 
+// The window that a widget, or the nearest one above it, belongs to.
+HWND WindowOf(const QWidget* widget)
+{
+    const auto all = WindowTable::Get().All();
+    for (; widget; widget = widget->parentWidget())
+    {
+        for (const auto& record : all)
+        {
+            if (record->Peer() && &record->Peer()->Widget() == widget)
+                return record->Handle();
+        }
+    }
+    return {};
+}
+
+bool IsChild(HWND window)
+{
+    return WithWidget(window, [](QWidget& widget) { return !widget.isWindow(); });
+}
+
 } // namespace
 
 bool IsWindow(HWND window)
@@ -118,6 +140,40 @@ int GetDlgCtrlID(HWND control)
 {
     const auto record = Find(control);
     return record ? record->Id() : 0;
+}
+
+HWND GetWindow(HWND window, UINT command)
+{
+    const auto above = Find(command == GW_CHILD ? window : GetParent(window));
+    if (!above)
+        return {};
+    auto children = above->Children();
+    std::erase_if(children, [](HWND child) { return !IsChild(child); });
+    auto place = children.begin();
+    if (command == GW_HWNDNEXT)
+        place = std::find(place, children.end(), window);
+    if (command == GW_HWNDNEXT && place != children.end())
+        ++place;
+    return place != children.end() ? *place : HWND();
+}
+
+BOOL GetWindowRect(HWND window, RECT* area)
+{
+    *area = {};
+    return WithWidget(window, [area](QWidget& widget) {
+        const QPoint corner = widget.mapToGlobal(QPoint());
+        *area = {corner.x(), corner.y(), corner.x() + widget.width(), corner.y() + widget.height()};
+        return true;
+    });
+}
+
+BOOL ScreenToClient(HWND window, POINT* point)
+{
+    return WithWidget(window, [point](QWidget& widget) {
+        const QPoint place = widget.mapFromGlobal(QPoint(point->x, point->y));
+        *point = {place.x(), place.y()};
+        return true;
+    });
 }
 
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -186,6 +242,29 @@ BOOL DestroyWindow(HWND window)
         record.Destroy();
         return true;
     });
+}
+
+HWND SetFocus(HWND window)
+{
+    const HWND before = GetFocus();
+    WithWidget(window, [](QWidget& widget) {
+        widget.setFocus();
+        return true;
+    });
+    return before;
+}
+
+HWND GetFocus()
+{
+    HWND window;
+    RunOnDesktop([&window] { window = WindowOf(QApplication::focusWidget()); });
+    return window;
+}
+
+short GetKeyState(int key)
+{
+    const bool held = KeyFilter::Modifiers() & (key == VK_CONTROL ? Qt::ControlModifier : Qt::ShiftModifier);
+    return held && (key == VK_CONTROL || key == VK_SHIFT) ? std::numeric_limits<short>::min() : short(0);
 }
 
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds)

@@ -17,6 +17,14 @@ HWND GetParent(HWND window);
 // The control with a number in a dialog.
 HWND GetDlgItem(HWND dialog, int id);
 int GetDlgCtrlID(HWND control);
+// GW_CHILD: the first child, GW_HWNDNEXT: the next child of the same parent, in the order of their making. Dialogs and
+// boxes over a window are no children here. Null after the last one.
+HWND GetWindow(HWND window, UINT command);
+// On the screen, in device-independent pixels, without the window manager's frame. FALSE and an empty one for a window
+// that has gone.
+BOOL GetWindowRect(HWND window, RECT* area);
+// From the screen to the client area of the window.
+BOOL ScreenToClient(HWND window, POINT* point);
 
 // Runs the window's handling of the message on the user-interface thread and gives its answer. From a worker
 // PBM_SETPOS and PBM_SETRANGE32 do not wait: they store a word that the bar picks up at its next paint.
@@ -33,6 +41,13 @@ BOOL SetForegroundWindow(HWND window);
 BOOL SetWindowTextA(HWND window, const std::string& text);
 std::string GetWindowTextA(HWND window);
 BOOL DestroyWindow(HWND window);
+
+// Gives the window the keyboard as soon as its top window is the active one. Both give the window that has it; null if
+// that is none of the program's, or stands in a window that is not active.
+HWND SetFocus(HWND window);
+HWND GetFocus();
+// Negative while VK_SHIFT or VK_CONTROL is held, as of the key that is being handled. User-interface thread.
+short GetKeyState(int key);
 
 // WM_TIMER with `id` comes every `milliseconds` until the timer is killed or its window goes. Gives the id.
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds);

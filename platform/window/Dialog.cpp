@@ -16,22 +16,6 @@ struct CDialog::Modal : ModalWait
 namespace
 {
 
-// Makes the window for the object, up to the end of its OnInitDialog. Null if it cannot be made.
-std::shared_ptr<WindowRecord> Make(CDialog& dialog, UINT templateId, const CWnd* parent, bool modal)
-{
-    const DialogTemplate* source = FindDialogTemplate(static_cast<int>(templateId));
-    ConsoleDesktop* console = ConsoleDesktop::Current();
-    if (!source || (console && modal && !console->MayOpen(*source)))
-        return nullptr;
-    auto record = BuildDialog(*source, RecordOf(parent));
-    if (console)
-        console->Watch(*record, *source);
-    record->Attach(dialog, true);
-    if (SendFirst(*record, WM_INITDIALOG) && !record->IsGone())
-        static_cast<DialogWidget&>(record->Peer()->Widget()).FocusFirstControl();
-    return record;
-}
-
 void ShowModal(WindowRecord& record)
 {
     QWidget& widget = record.Peer()->Widget();
@@ -41,6 +25,22 @@ void ShowModal(WindowRecord& record)
 }
 
 } // namespace
+
+// Makes the window for the object, up to the end of its OnInitDialog. Null if it cannot be made.
+std::shared_ptr<WindowRecord> CDialog::Make(const CWnd* parent, bool modal)
+{
+    const DialogTemplate* source = FindTemplate();
+    ConsoleDesktop* console = ConsoleDesktop::Current();
+    if (!source || (console && modal && !console->MayOpen(*source)))
+        return nullptr;
+    auto record = BuildDialog(*source, RecordOf(parent));
+    if (console)
+        console->Watch(*record, *source);
+    record->Attach(*this, true);
+    if (SendFirst(*record, WM_INITDIALOG) && !record->IsGone())
+        FocusFirstControl(record->Peer()->Widget());
+    return record;
+}
 
 CDialog::CDialog(UINT templateId, CWnd* parent) : m_templateId(templateId), m_pParent(parent)
 {}
@@ -57,7 +57,7 @@ INT_PTR CDialog::DoModal()
     std::shared_ptr<WindowRecord> record;
     RunOnDesktop([&] {
         m_modal = modal;
-        record = Make(*this, m_templateId, m_pParent ? m_pParent : AfxGetMainWnd(), true);
+        record = Make(m_pParent ? m_pParent : AfxGetMainWnd(), true);
         if (!record)
             return;
         record->SetModal(modal);
@@ -82,7 +82,7 @@ BOOL CDialog::Create(UINT templateId, CWnd* parent)
     RunOnDesktop([&] {
         m_templateId = templateId;
         m_modal.reset();
-        const auto record = Make(*this, templateId, parent, false);
+        const auto record = Make(parent, false);
         stands = record && !record->IsGone();
     });
     return stands;
@@ -96,6 +96,11 @@ void CDialog::EndDialog(int result)
         if (modal)
             modal->End(result);
     });
+}
+
+const DialogTemplate* CDialog::FindTemplate()
+{
+    return FindDialogTemplate(static_cast<int>(m_templateId));
 }
 
 BOOL CDialog::OnInitDialog()

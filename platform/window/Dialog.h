@@ -5,6 +5,9 @@
 
 #include <memory>
 
+class WindowRecord;
+struct DialogTemplate;
+
 class CDialog : public CWnd
 {
 public:
@@ -28,12 +31,17 @@ protected:
     // IDCANCEL: the cancel button, Esc, and the default handling of WM_CLOSE. Ends with IDCANCEL.
     virtual void OnCancel();
 
+    // The layer's own: what the window is made from, null if there is nothing.
+    virtual const DialogTemplate* FindTemplate();
+
     const MessageMap& GetMessageMap() const override;
     static const MessageMap& StaticMessageMap();
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     struct Modal;
+
+    std::shared_ptr<WindowRecord> Make(const CWnd* parent, bool modal);
 
     UINT m_templateId;
     CWnd* m_pParent;

@@ -5,6 +5,7 @@
 #include "platform/window/DialogUnits_p.h"
 #include "platform/window/DialogWidget_p.h"
 #include "platform/window/ListWidget_p.h"
+#include "platform/window/TabWidget_p.h"
 
 #include <QButtonGroup>
 #include <QRegularExpressionValidator>
@@ -17,9 +18,13 @@ namespace
 class DialogBuilder
 {
 public:
-    DialogBuilder(const DialogTemplate& dialog, const std::shared_ptr<WindowRecord>& parent);
+    // Controls come on `record`'s window; the first one comes behind `before` in Tab order, if there is such.
+    DialogBuilder(const DialogTemplate& dialog, const std::shared_ptr<WindowRecord>& record, QWidget* before = nullptr)
+        : m_template(dialog), m_dialog(&record->Peer()->Widget()), m_record(record), m_units(m_dialog->fontMetrics()),
+          m_lastTabStop(before)
+    {}
 
-    std::shared_ptr<WindowRecord> Build();
+    void AddControls();
 
 private:
     void AddControl(const ControlTemplate& control);
@@ -35,28 +40,20 @@ private:
     void WarnIfCut(const QWidget& widget, const ControlTemplate& control) const;
 
     const DialogTemplate& m_template;
-    DialogWidget* m_dialog;
+    QWidget* m_dialog;
     std::shared_ptr<WindowRecord> m_record;
     const DialogUnits m_units;
     QButtonGroup* m_radioGroup = nullptr; // of the radio buttons that follow each other
     LabelWidget* m_label = nullptr;       // whose mnemonic has no control yet
     std::string_view m_labelBefore;       // the text of the last label
-    QWidget* m_lastTabStop = nullptr;
+    QWidget* m_lastTabStop;
 };
 
-DialogBuilder::DialogBuilder(const DialogTemplate& dialog, const std::shared_ptr<WindowRecord>& parent)
-    : m_template(dialog), m_dialog(new DialogWidget(dialog, parent ? parent->Peer()->Widget().window() : nullptr)),
-      m_record(WindowRecord::Make(*m_dialog, parent, 0, Utf8ToAnsi(dialog.caption))), m_units(m_dialog->fontMetrics())
-{}
-
-std::shared_ptr<WindowRecord> DialogBuilder::Build()
+void DialogBuilder::AddControls()
 {
-    const QPoint corner = m_units.Point(m_template.width, m_template.height);
-    m_dialog->setFixedSize(corner.x(), corner.y());
     for (const ControlTemplate& control : m_template.controls)
         AddControl(control);
     m_record->Show();
-    return m_record;
 }
 
 void DialogBuilder::AddControl(const ControlTemplate& control)
@@ -98,6 +95,8 @@ WindowPeer* DialogBuilder::MakePeer(const ControlTemplate& control)
         return new ProgressWidget(m_dialog);
     case ControlClass::GroupBox:
         return MakeGroupBox();
+    case ControlClass::TabControl:
+        return new TabWidget(m_dialog);
     case ControlClass::Label:
         break;
     }
@@ -208,5 +207,21 @@ const DialogTemplate* FindDialogTemplate(int templateId)
 
 std::shared_ptr<WindowRecord> BuildDialog(const DialogTemplate& dialog, const std::shared_ptr<WindowRecord>& parent)
 {
-    return DialogBuilder(dialog, parent).Build();
+    auto* widget = new DialogWidget(dialog, parent ? parent->Peer()->Widget().window() : nullptr);
+    const QPoint corner = DialogUnits(widget->fontMetrics()).Point(dialog.width, dialog.height);
+    widget->setFixedSize(corner.x(), corner.y());
+    const auto record = WindowRecord::Make(*widget, parent, 0, Utf8ToAnsi(dialog.caption));
+    DialogBuilder(dialog, record).AddControls();
+    return record;
+}
+
+std::shared_ptr<WindowRecord> BuildPage(const DialogTemplate& page, const std::shared_ptr<WindowRecord>& sheet,
+                                        const QRect& area, QWidget* before)
+{
+    auto* widget = new PageWidget(page, &sheet->Peer()->ClientArea());
+    widget->hide();
+    widget->setGeometry(area);
+    const auto record = WindowRecord::Make(*widget, sheet, 0, Utf8ToAnsi(page.caption));
+    DialogBuilder(page, record, before).AddControls();
+    return record;
 }

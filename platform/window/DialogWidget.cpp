@@ -51,9 +51,9 @@ DialogWidget::DialogWidget(const DialogTemplate& dialog, QWidget* parent)
     connect(shortcut, &QShortcut::activated, this, [this] { PopUpSystemMenu(mapToGlobal(QPoint())); });
 }
 
-void DialogWidget::FocusFirstControl()
+void FocusFirstControl(const QWidget& surface)
 {
-    for (QObject* child : children())
+    for (QObject* child : surface.children())
     {
         auto* control = qobject_cast<QWidget*>(child);
         if (control && CanTakeFocus(*control))
@@ -121,4 +121,15 @@ void DialogWidget::PressDefaultButton()
         }
     }
     SendMessageA(m_record->Child(IDOK), BM_CLICK, 0, 0);
+}
+
+PageWidget::PageWidget(const DialogTemplate& dialog, QWidget* parent) : QWidget(parent)
+{
+    setObjectName(QString::number(dialog.id));
+    setAutoFillBackground(true);
+}
+
+void PageWidget::ShowText(const QString& text)
+{
+    setAccessibleName(text);
 }

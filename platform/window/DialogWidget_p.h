@@ -6,6 +6,9 @@
 
 #include <QDialog>
 
+// Puts the focus on the first control of a dialog or a page, in Tab order, that can take it.
+void FocusFirstControl(const QWidget& surface);
+
 class DialogWidget : public QDialog, public TopLevelPeer
 {
 public:
@@ -15,8 +18,6 @@ public:
     {
         return *this;
     }
-    // Puts the focus on the first control in Tab order that can take it.
-    void FocusFirstControl();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -28,4 +29,18 @@ protected:
 private:
     void PressCancel();
     void PressDefaultButton();
+};
+
+// A page of a property sheet. It covers what is drawn below it, and leaves Enter and Esc to the sheet.
+class PageWidget : public QWidget, public WindowPeer
+{
+public:
+    PageWidget(const DialogTemplate& dialog, QWidget* parent);
+
+    QWidget& Widget() override
+    {
+        return *this;
+    }
+    // A name for assistive technology: it shows no text of its own.
+    void ShowText(const QString& text) override;
 };

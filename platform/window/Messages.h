@@ -13,6 +13,7 @@ inline constexpr UINT WM_CLOSE = 0x0010;
 inline constexpr UINT WM_QUERYDRAGICON = 0x0037;
 inline constexpr UINT WM_NOTIFY = 0x004E;
 inline constexpr UINT WM_SETICON = 0x0080;
+inline constexpr UINT WM_KEYDOWN = 0x0100; // to CPropertySheet::PreTranslateMessage alone
 inline constexpr UINT WM_INITDIALOG = 0x0110;
 inline constexpr UINT WM_COMMAND = 0x0111;
 inline constexpr UINT WM_SYSCOMMAND = 0x0112;
@@ -46,6 +47,16 @@ inline constexpr int SW_SHOW = 5;
 inline constexpr int SW_MINIMIZE = 6;
 inline constexpr int SW_RESTORE = 9;
 
+inline constexpr UINT GW_HWNDNEXT = 2;
+inline constexpr UINT GW_CHILD = 5;
+
+// Keys under their published numbers; letters and digits are their capital characters.
+inline constexpr int VK_TAB = 0x09;
+inline constexpr int VK_RETURN = 0x0D;
+inline constexpr int VK_SHIFT = 0x10;
+inline constexpr int VK_CONTROL = 0x11;
+inline constexpr int VK_ESCAPE = 0x1B;
+
 inline constexpr UINT BN_CLICKED = 0;
 
 inline constexpr UINT NM_DBLCLK = static_cast<UINT>(-3);
@@ -61,6 +72,15 @@ struct NMHDR
     HWND hwndFrom;
     UINT_PTR idFrom = 0;
     UINT code = 0;
+};
+
+// A message before it is handled.
+struct MSG
+{
+    HWND hwnd; // the window that has the focus; null if that is none of the program's
+    UINT message = 0;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
 };
 
 // LPARAM of a list control's LVN_ITEMCHANGED.

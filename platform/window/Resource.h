@@ -23,6 +23,7 @@ enum class ControlClass
     ListView,    // report list
     ProgressBar,
     GroupBox,
+    TabControl, // a row of tabs above an area for what they stand for
 };
 
 // Styles of a control, to be joined.

@@ -116,6 +116,15 @@ HWND WindowRecord::Child(int id) const
     return {};
 }
 
+std::vector<HWND> WindowRecord::Children() const
+{
+    std::vector<HWND> children;
+    const std::lock_guard lock(m_mutex);
+    for (const auto& entry : m_children)
+        children.push_back(entry.second);
+    return children;
+}
+
 void WindowRecord::AddChild(HWND child, int id)
 {
     const std::lock_guard lock(m_mutex);
@@ -297,14 +306,9 @@ void WindowRecord::Condemn(std::vector<std::shared_ptr<WindowRecord>>& condemned
     m_destroying = true;
     SendFromToolkit(WM_DESTROY, 0, 0);
     condemned.push_back(shared_from_this());
-    std::vector<std::pair<int, HWND>> children;
+    for (const HWND window : Children())
     {
-        const std::lock_guard lock(m_mutex);
-        children = m_children;
-    }
-    for (const auto& entry : children)
-    {
-        if (const auto child = WindowTable::Get().Find(entry.second))
+        if (const auto child = WindowTable::Get().Find(window))
             child->Condemn(condemned);
     }
 }

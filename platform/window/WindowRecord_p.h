@@ -41,6 +41,7 @@ public:
     }
     HWND Parent() const;
     HWND Child(int id) const;
+    std::vector<HWND> Children() const;
     std::string Text() const;
     // On the user-interface thread the text shows at once, from a worker within a frame.
     void SetText(const std::string& text);

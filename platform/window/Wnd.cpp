@@ -147,6 +147,11 @@ BOOL CWnd::DestroyWindow()
     return ::DestroyWindow(m_hWnd);
 }
 
+HWND CWnd::SetFocus() const
+{
+    return ::SetFocus(m_hWnd);
+}
+
 UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT milliseconds) const
 {
     return ::SetTimer(m_hWnd, id, milliseconds);
@@ -163,9 +168,23 @@ void CWnd::GetClientRect(RECT* area) const
     WithWidget(m_hWnd, [area](WindowRecord&, QWidget& widget) { *area = {0, 0, widget.width(), widget.height()}; });
 }
 
+void CWnd::GetWindowRect(RECT* area) const
+{
+    ::GetWindowRect(m_hWnd, area);
+}
+
+void CWnd::ScreenToClient(RECT* area) const
+{
+    POINT corner{area->left, area->top};
+    if (::ScreenToClient(m_hWnd, &corner))
+        *area = {corner.x, corner.y, corner.x + area->right - area->left, corner.y + area->bottom - area->top};
+}
+
 void CWnd::MoveWindow(const RECT& area) const
 {
     WithWidget(m_hWnd, [&area](WindowRecord& record, QWidget& widget) {
+        if (widget.minimumSize() == widget.maximumSize())
+            widget.setFixedSize(ToolkitRect(area).size());
         widget.setGeometry(ToolkitRect(area));
         record.Peer()->TellSize();
     });

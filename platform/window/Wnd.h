@@ -52,13 +52,18 @@ public:
     BOOL SetForegroundWindow() const;
     HWND GetDlgItem(int id) const;
     BOOL DestroyWindow();
+    HWND SetFocus() const;
 
     UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds) const;
     BOOL KillTimer(UINT_PTR id) const;
 
     // Size of the client area, in device-independent pixels, with left and top 0.
     void GetClientRect(RECT* area) const;
-    // Within the parent's client area; for windows that are no controls of a dialog.
+    // On the screen; see Calls.h.
+    void GetWindowRect(RECT* area) const;
+    // From the screen to this window's client area.
+    void ScreenToClient(RECT* area) const;
+    // Within the parent's client area, or on the screen. A dialog, whose size its user cannot change, gets this one.
     void MoveWindow(const RECT& area) const;
     // Asks for the client area to be painted.
     void Invalidate() const;

@@ -29,10 +29,21 @@ constexpr ControlTemplate kSmall[] = {
     {ControlClass::Button, IDOK, 6, 6, 60, 16, CS_DEFAULT, "OK"},
 };
 
+constexpr ControlTemplate kFirst[] = {
+    {ControlClass::Edit, IDC_NAME, 6, 6, 90, 14, CS_NONE, {}, "Name"},
+    {ControlClass::CheckBox, IDC_BOX, 6, 24, 60, 12, CS_NONE, "Tic&k me"},
+};
+
+constexpr ControlTemplate kWide[] = {
+    {ControlClass::Button, IDC_ACT, 6, 6, 60, 16, CS_NONE, "&Act"},
+};
+
 constexpr DialogTemplate kDialogs[] = {
     {IDD_FORM, 216, 134, DS_SYSMENU | DS_MINIMIZEBOX, "Form", kForm},
     {IDD_LIST, 252, 154, DS_SYSMENU, "List", kList},
     {IDD_SMALL, 100, 28, DS_SYSMENU, "Small", kSmall},
+    {IDD_FIRST, 100, 40, DS_NONE, "First", kFirst},
+    {IDD_WIDE, 240, 28, DS_NONE, "Wide", kWide},
 };
 
 constexpr MenuEntry kEntries[] = {

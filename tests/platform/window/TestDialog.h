@@ -17,6 +17,8 @@
 inline constexpr int IDD_FORM = 100; // of each kind of control one
 inline constexpr int IDD_LIST = 101; // a list
 inline constexpr int IDD_SMALL = 102;
+inline constexpr int IDD_FIRST = 103; // pages of a sheet
+inline constexpr int IDD_WIDE = 104;
 inline constexpr int IDR_MENU = 200;
 inline constexpr int IDR_FRAME = 201; // menu and tool bar of a frame
 inline constexpr int IDR_IMAGES = 202;
