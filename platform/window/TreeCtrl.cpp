@@ -37,6 +37,42 @@ std::string CTreeCtrl::GetItemText(HTREEITEM item) const
     return item ? TreeNode::Of(item)->Text() : std::string();
 }
 
+void CTreeCtrl::SetItemImage(HTREEITEM item, int image)
+{
+    if (item)
+        TreeNode::Of(item)->SetImage(image);
+}
+
+int CTreeCtrl::GetItemImage(HTREEITEM item) const
+{
+    return item ? TreeNode::Of(item)->Image() : -1;
+}
+
+HTREEITEM CTreeCtrl::GetRootItem() const
+{
+    return WithPeer<TreeWidget>(m_hWnd, HTREEITEM(), [](TreeWidget& tree) { return HTREEITEM{tree.topLevelItem(0)}; });
+}
+
+HTREEITEM CTreeCtrl::GetParentItem(HTREEITEM item) const
+{
+    return {item ? TreeNode::Of(item)->QTreeWidgetItem::parent() : nullptr};
+}
+
+HTREEITEM CTreeCtrl::GetChildItem(HTREEITEM item) const
+{
+    return {item ? TreeNode::Of(item)->child(0) : nullptr};
+}
+
+HTREEITEM CTreeCtrl::GetNextSiblingItem(HTREEITEM item) const
+{
+    return {item ? TreeNode::Of(item)->Sibling(1) : nullptr};
+}
+
+HTREEITEM CTreeCtrl::GetPrevSiblingItem(HTREEITEM item) const
+{
+    return {item ? TreeNode::Of(item)->Sibling(-1) : nullptr};
+}
+
 BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code)
 {
     return WithPeer<TreeWidget>(m_hWnd, false, [=](TreeWidget& tree) {
@@ -56,8 +92,16 @@ BOOL CTreeCtrl::SelectItem(HTREEITEM item)
 {
     return WithPeer<TreeWidget>(m_hWnd, false, [item](TreeWidget& tree) {
         tree.setCurrentItem(TreeNode::Of(item));
-        return true;
+        return HTREEITEM{tree.SelectedNode()} == item;
     });
+}
+
+BOOL CTreeCtrl::DeleteItem(HTREEITEM item)
+{
+    return item && WithPeer<TreeWidget>(m_hWnd, false, [item](TreeWidget& tree) {
+               tree.RemoveNode(*TreeNode::Of(item));
+               return true;
+           });
 }
 
 BOOL CTreeCtrl::DeleteAllItems()

@@ -17,10 +17,12 @@ struct HTREEITEM
     constexpr bool operator==(const HTREEITEM&) const = default;
 };
 
+// To the parent before and after another node is the selected one, by the user or by SelectItem; not while the nodes
+// are deleted. An answer other than 0 to the first keeps the selection as it is.
+inline constexpr UINT TVN_SELCHANGING = static_cast<UINT>(-401);
 inline constexpr UINT TVN_SELCHANGED = static_cast<UINT>(-402);
 
-// LPARAM of TVN_SELCHANGED, which the parent gets when another node is the selected one, by the user or by SelectItem;
-// not while the nodes are deleted.
+// LPARAM of both.
 struct NMTREEVIEW
 {
     NMHDR hdr;
@@ -45,8 +47,22 @@ public:
     DWORD_PTR GetItemData(HTREEITEM item) const;
     // The bytes as they were inserted.
     std::string GetItemText(HTREEITEM item) const;
+    // One image, also while selected, as InsertItem takes it; -1 is none.
+    void SetItemImage(HTREEITEM item, int image);
+    int GetItemImage(HTREEITEM item) const;
+
+    // The first top node; the other four from a node to its neighbours. Null where there is none.
+    HTREEITEM GetRootItem() const;
+    HTREEITEM GetParentItem(HTREEITEM item) const;
+    HTREEITEM GetChildItem(HTREEITEM item) const; // the first
+    HTREEITEM GetNextSiblingItem(HTREEITEM item) const;
+    HTREEITEM GetPrevSiblingItem(HTREEITEM item) const;
+
     BOOL Expand(HTREEITEM item, UINT code);
     HTREEITEM GetSelectedItem() const;
+    // FALSE if the parent refused.
     BOOL SelectItem(HTREEITEM item);
+    // With all nodes below it. If the selected one is among them, none is selected then.
+    BOOL DeleteItem(HTREEITEM item);
     BOOL DeleteAllItems();
 };

@@ -16,7 +16,77 @@ QVariant TreeNode::data(int column, int role) const
     return QTreeWidgetItem::data(column, role);
 }
 
-TreeWidget::TreeWidget(QWidget* parent) : QTreeWidget(parent)
+void TreeNode::SetImage(int image)
+{
+    m_nImage = image;
+    emitDataChanged();
+}
+
+TreeNode* TreeNode::Sibling(int by) const
+{
+    auto* self = const_cast<TreeNode*>(this);
+    const QTreeWidgetItem* above = QTreeWidgetItem::parent();
+    if (!above && treeWidget())
+        above = treeWidget()->invisibleRootItem();
+    return above ? static_cast<TreeNode*>(above->child(above->indexOfChild(self) + by)) : nullptr;
+}
+
+void GuardedSelection::setCurrentIndex(const QModelIndex& index, SelectionFlags command)
+{
+    const QPersistentModelIndex to(index);
+    if ((command & Select) && !Allows(index))
+        return;
+    m_allowed = to;
+    QItemSelectionModel::setCurrentIndex(to, command);
+    m_allowed = QModelIndex();
+}
+
+void GuardedSelection::select(const QItemSelection& selection, SelectionFlags command)
+{
+    const auto indexes = selection.indexes();
+    const QPersistentModelIndex to(indexes.isEmpty() ? QModelIndex() : indexes.front());
+    if ((command & Select) && to.isValid() && to != m_allowed)
+    {
+        const bool allowed = Allows(to);
+        const auto selected = selectedIndexes();
+        // A click has made it the current node already.
+        if (!allowed)
+            QItemSelectionModel::setCurrentIndex(selected.isEmpty() ? QModelIndex() : selected.front(), NoUpdate);
+        if (!allowed || !to.isValid())
+            return;
+        QItemSelectionModel::select(QItemSelection(to, to), command);
+        return;
+    }
+    QItemSelectionModel::select(selection, command);
+}
+
+bool GuardedSelection::Allows(const QModelIndex& index)
+{
+    const QPersistentModelIndex to(index);
+    if (!to.isValid() || isSelected(to))
+        return true;
+    if (to == m_refused)
+        return false;
+    const bool allowed = m_mayGoTo(to);
+    if (!allowed && m_bKey)
+        m_refused = to;
+    return allowed && to.isValid();
+}
+
+void GuardedSelection::BeginKey()
+{
+    m_bKey = true;
+}
+
+void GuardedSelection::EndKey()
+{
+    m_bKey = false;
+    m_refused = QModelIndex();
+}
+
+TreeWidget::TreeWidget(QWidget* parent)
+    : QTreeWidget(parent),
+      m_selection(new GuardedSelection(model(), this, [this](const QModelIndex& to) { return MaySelect(to); }))
 {
     setColumnCount(1);
     setHeaderHidden(true);
@@ -24,7 +94,8 @@ TreeWidget::TreeWidget(QWidget* parent) : QTreeWidget(parent)
     setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle); // addresses of one site begin alike
     setItemDelegate(new CellDelegate(0, this));
-    connect(this, &QTreeWidget::itemSelectionChanged, this, [this] { NotifySelected(); });
+    setSelectionModel(m_selection);
+    connect(m_selection, &QItemSelectionModel::selectionChanged, this, [this] { NotifySelected(); });
 }
 
 void TreeWidget::ShowText(const QString& text)
@@ -73,6 +144,16 @@ TreeNode* TreeWidget::SelectedNode() const
     return selected.isEmpty() ? nullptr : static_cast<TreeNode*>(selected.front());
 }
 
+void TreeWidget::RemoveNode(TreeNode& node)
+{
+    std::erase_if(m_toExpand, [&node](const QTreeWidgetItem* below) {
+        while (below && below != &node)
+            below = below->parent();
+        return below != nullptr;
+    });
+    delete &node;
+}
+
 void TreeWidget::RemoveNodes()
 {
     const QSignalBlocker blocker(this);
@@ -89,6 +170,13 @@ QItemSelectionModel::SelectionFlags TreeWidget::selectionCommand(const QModelInd
                : command;
 }
 
+void TreeWidget::keyPressEvent(QKeyEvent* event)
+{
+    m_selection->BeginKey();
+    QTreeWidget::keyPressEvent(event);
+    m_selection->EndKey();
+}
+
 bool TreeWidget::viewportEvent(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip)
@@ -97,14 +185,23 @@ bool TreeWidget::viewportEvent(QEvent* event)
     return true;
 }
 
+bool TreeWidget::MaySelect(const QModelIndex& index)
+{
+    auto* node = static_cast<TreeNode*>(itemFromIndex(index));
+    return !node || Notify(TVN_SELCHANGING, *node) == 0;
+}
+
 void TreeWidget::NotifySelected()
 {
-    TreeNode* node = SelectedNode();
-    if (!node)
-        return;
+    if (TreeNode* node = SelectedNode())
+        Notify(TVN_SELCHANGED, *node);
+}
+
+LRESULT TreeWidget::Notify(UINT code, TreeNode& node)
+{
     NMTREEVIEW notification;
-    notification.hdr.code = TVN_SELCHANGED;
-    notification.hItem = {node};
-    notification.lParam = node->m_data;
-    m_record->NotifyParent(notification.hdr);
+    notification.hdr.code = code;
+    notification.hItem = {&node};
+    notification.lParam = node.m_data;
+    return m_record->NotifyParent(notification.hdr);
 }

@@ -264,12 +264,11 @@ void WindowRecord::NotifyClicked()
         m_parent->SendFromToolkit(WM_COMMAND, static_cast<WPARAM>(m_id & 0xFFFF), ToLParam(m_handle));
 }
 
-void WindowRecord::NotifyParent(NMHDR& head)
+LRESULT WindowRecord::NotifyParent(NMHDR& head)
 {
     head.hwndFrom = m_handle;
     head.idFrom = static_cast<UINT_PTR>(m_id);
-    if (m_parent)
-        m_parent->SendFromToolkit(WM_NOTIFY, head.idFrom, reinterpret_cast<LPARAM>(&head));
+    return m_parent ? m_parent->SendFromToolkit(WM_NOTIFY, head.idFrom, reinterpret_cast<LPARAM>(&head)) : 0;
 }
 
 void WindowRecord::SetTimer(UINT_PTR id, UINT milliseconds)

@@ -99,8 +99,8 @@ public:
     LRESULT DefaultOfCurrent();
     // WM_COMMAND of this control to its parent.
     void NotifyClicked();
-    // WM_NOTIFY to the parent.
-    void NotifyParent(NMHDR& head);
+    // WM_NOTIFY to the parent; gives its answer.
+    LRESULT NotifyParent(NMHDR& head);
 
     void SetTimer(UINT_PTR id, UINT milliseconds);
     bool KillTimer(UINT_PTR id);

@@ -23,11 +23,14 @@ public:
     CListCtrl m_list;
     POINT m_size; // as WM_SIZE told it
     std::function<void(NMHDR&)> m_onNotify;
+    std::function<LRESULT(const NMTREEVIEW&)> m_answer; // to the tree
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         if (message == WM_NOTIFY && m_onNotify)
             m_onNotify(*reinterpret_cast<NMHDR*>(lParam));
+        if (message == WM_NOTIFY && m_answer && wParam == 1)
+            return m_answer(*reinterpret_cast<NMTREEVIEW*>(lParam));
         if (message == WM_CREATE && (m_fails || !m_tree.Create({}, this, 1) || !m_list.Create({}, this, 2)))
             return -1;
         if (message == WM_SIZE)

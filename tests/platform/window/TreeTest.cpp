@@ -74,3 +74,59 @@ TEST_F(TreeTest, TakesTensOfThousandsOfNodesAndAnyText)
     EXPECT_EQ(m_selected, Texts{"page 999"});
     EXPECT_EQ(m_robot.TreeNodes().size(), 1 + texts.size() + 500 * 101);
 }
+
+TEST_F(TreeTest, ARefusedSelectionStaysWhereItWasByMouseKeysAndProgram)
+{
+    const HTREEITEM held = Add("held", 0);
+    const HTREEITEM other = Add("other", 1);
+    bool nested = false;
+    std::string refused;
+    m_tree.SelectItem(held);
+    m_frame->Pane(0).m_answer = [&](const NMTREEVIEW& change) {
+        if (change.hdr.code != TVN_SELCHANGING || nested)
+            return 0;
+        refused += m_tree.GetItemText(change.hItem) + ' ';
+        return 1;
+    };
+    EXPECT_FALSE(m_tree.SelectItem(other));
+    m_robot.SelectNode({"other"});
+    m_robot.Key("Down");
+    EXPECT_EQ(refused, "other other other ");
+    EXPECT_EQ(m_robot.SelectedNode(), "held");
+    EXPECT_EQ(m_selected, Texts{"held0"});
+
+    // The program has rebuilt the tree when the question is answered.
+    m_frame->Pane(0).m_answer = [&](const NMTREEVIEW& change) {
+        if (change.hdr.code == TVN_SELCHANGING && !std::exchange(nested, true))
+        {
+            m_tree.DeleteAllItems();
+            m_tree.SelectItem(Add("new", 2));
+        }
+        return 0;
+    };
+    m_robot.SelectNode({"other"});
+    EXPECT_EQ(m_robot.TreeNodes(), Texts{"new"});
+    EXPECT_EQ(m_selected, (Texts{"held0", "new2"}));
+}
+
+TEST_F(TreeTest, LeadsFromNodeToNodeAndDeletesThem)
+{
+    EXPECT_FALSE(m_tree.GetRootItem());
+    const HTREEITEM a = Add("a", 0);
+    const HTREEITEM b = Add("b", 0);
+    const HTREEITEM inner = Add("inner", 0, a);
+    const HTREEITEM last = Add("last", 1, a);
+    m_tree.Expand(inner, TVE_EXPAND);
+    EXPECT_EQ(m_tree.GetRootItem(), a);
+    EXPECT_EQ(m_tree.GetChildItem(a), inner);
+    EXPECT_EQ(m_tree.GetNextSiblingItem(inner), last);
+    EXPECT_EQ(m_tree.GetPrevSiblingItem(b), a);
+    EXPECT_EQ(m_tree.GetParentItem(last), a);
+    for (const HTREEITEM none : {m_tree.GetParentItem(a), m_tree.GetChildItem(b), m_tree.GetNextSiblingItem(b),
+                                 m_tree.GetPrevSiblingItem(inner), m_tree.GetNextSiblingItem({})})
+        EXPECT_FALSE(none);
+    m_tree.SetItemImage(b, 1);
+    EXPECT_EQ(m_tree.GetItemImage(b), 1);
+    m_tree.DeleteItem(a);
+    EXPECT_EQ(m_robot.TreeNodes(), Texts{"b"});
+}
