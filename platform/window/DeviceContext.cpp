@@ -1,11 +1,15 @@
 #include "platform/window/DeviceContext_p.h"
 
 #include "platform/window/Creation_p.h"
+#include "platform/window/Picture_p.h"
 #include "platform/window/QtText_p.h"
 
 #include <QApplication>
+#include <QImage>
+#include <QPaintEngine>
 #include <QPalette>
-#include <QWidget>
+#include <QPixmap>
+#include <QSvgRenderer>
 
 namespace
 {
@@ -21,6 +25,8 @@ QPalette::ColorRole RoleOf(int index)
         return QPalette::Dark;
     case COLOR_3DHIGHLIGHT:
         return QPalette::Light;
+    case COLOR_CAPTIONTEXT:
+        return QPalette::WindowText;
     default:
         return QPalette::Window;
     }
@@ -30,6 +36,28 @@ QColor ToolkitColor(COLORREF color)
 {
     return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
                   static_cast<int>(color >> 16 & 0xFF));
+}
+
+COLORREF DesktopColor(const QColor& color)
+{
+    return static_cast<COLORREF>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+// Between the face and the colour of what is selected: texts of the face read on it, in bright and dark palettes.
+QColor InactiveCaption(const QPalette& palette)
+{
+    const QColor face = palette.color(QPalette::Window);
+    const QColor mark = palette.color(QPalette::Highlight);
+    return QColor((face.red() + mark.red()) / 2, (face.green() + mark.green()) / 2, (face.blue() + mark.blue()) / 2);
+}
+
+// What a painter draws on, as pixels; null for a device that has none to look at.
+QImage PixelsOf(const QPainter& painter)
+{
+    QPaintDevice* device = painter.paintEngine()->paintDevice();
+    if (device && device->devType() == QInternal::Image)
+        return *static_cast<QImage*>(device);
+    return device && device->devType() == QInternal::Pixmap ? static_cast<QPixmap*>(device)->toImage() : QImage();
 }
 
 int AlignmentOf(UINT format)
@@ -42,21 +70,22 @@ int AlignmentOf(UINT format)
 
 COLORREF GetSysColor(int index)
 {
-    const QColor color = QApplication::palette().color(RoleOf(index));
-    return static_cast<COLORREF>(color.red() | color.green() << 8 | color.blue() << 16);
+    const QPalette palette = QApplication::palette();
+    return DesktopColor(index == COLOR_INACTIVECAPTION ? InactiveCaption(palette) : palette.color(RoleOf(index)));
 }
 
-WidgetDC::WidgetDC(QWidget& widget) : m_painter(&widget)
+CDC::CDC(std::unique_ptr<Surface> surface) : m_surface(std::move(surface))
+{}
+
+CDC::~CDC() = default;
+
+void CDC::FillSolidRect(const RECT& rect, COLORREF color)
 {
-    m_painter.setPen(widget.palette().color(QPalette::WindowText));
+    if (m_surface)
+        m_surface->painter.fillRect(ToolkitRect(rect), ToolkitColor(color));
 }
 
-void WidgetDC::FillSolidRect(const RECT& rect, COLORREF color)
-{
-    m_painter.fillRect(ToolkitRect(rect), ToolkitColor(color));
-}
-
-void WidgetDC::Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRight)
+void CDC::Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRight)
 {
     const LONG right = rect.right - 1;
     const LONG bottom = rect.bottom - 1;
@@ -66,17 +95,39 @@ void WidgetDC::Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRig
     FillSolidRect({rect.left, bottom, rect.right, rect.bottom}, bottomRight);
 }
 
-void WidgetDC::DrawText(const std::string& text, const RECT& rect, UINT format)
+void CDC::DrawText(const std::string& text, const RECT& rect, UINT format)
 {
+    if (!m_surface)
+        return;
     const QRect area = ToolkitRect(rect);
-    const QString line = m_painter.fontMetrics().elidedText(OneLine(ToolkitText(text)), Qt::ElideRight, area.width());
-    m_painter.drawText(area, AlignmentOf(format) | Qt::TextSingleLine, line);
+    const QString line =
+        m_surface->painter.fontMetrics().elidedText(OneLine(ToolkitText(text)), Qt::ElideRight, area.width());
+    m_surface->painter.drawText(area, AlignmentOf(format) | Qt::TextSingleLine, line);
 }
 
-std::unique_ptr<CDC> PaintingDC(const CWnd& window)
+COLORREF CDC::SetTextColor(COLORREF color)
 {
-    const auto record = RecordOf(&window);
-    if (!record || !record->Peer()->Widget().testAttribute(Qt::WA_WState_InPaintEvent))
-        return nullptr;
-    return std::make_unique<WidgetDC>(record->Peer()->Widget());
+    if (!m_surface)
+        return CLR_INVALID;
+    const COLORREF before = DesktopColor(m_surface->painter.pen().color());
+    m_surface->painter.setPen(ToolkitColor(color));
+    return before;
+}
+
+bool CDC::DrawIcon(int x, int y, HICON icon, int size)
+{
+    const auto picture = LoadPicture(static_cast<int>(icon.resource));
+    if (!picture || !m_surface)
+        return false;
+    DrawPicture(m_surface->painter, *picture, QRectF(x, y, size, size), false);
+    return true;
+}
+
+COLORREF CDC::GetPixel(int x, int y) const
+{
+    if (!m_surface)
+        return CLR_INVALID;
+    const QImage pixels = PixelsOf(m_surface->painter);
+    const QPoint place = m_surface->painter.deviceTransform().map(QPoint(x, y));
+    return pixels.valid(place) ? DesktopColor(pixels.pixelColor(place)) : CLR_INVALID;
 }

@@ -2,15 +2,20 @@
 // Coordinates are device-independent pixels of the window's client area; RECT is half open, right and bottom outside.
 #pragma once
 
+#include "platform/window/Handle.h"
+
 #include "platform/Types.h"
 
+#include <memory>
 #include <string>
 
 // 0x00BBGGRR
 using COLORREF = DWORD;
 
 // Colours that follow the desktop's palette, dark mode too.
-inline constexpr int COLOR_WINDOW = 5;  // behind text that is read
+inline constexpr int COLOR_INACTIVECAPTION = 3; // behind COLOR_CAPTIONTEXT, which reads well on COLOR_3DFACE too
+inline constexpr int COLOR_WINDOW = 5;          // behind text that is read
+inline constexpr int COLOR_CAPTIONTEXT = 9;
 inline constexpr int COLOR_3DFACE = 15; // of bars and buttons
 inline constexpr int COLOR_3DSHADOW = 16;
 inline constexpr int COLOR_3DHIGHLIGHT = 20;
@@ -19,17 +24,38 @@ COLORREF GetSysColor(int index);
 inline constexpr UINT DT_CENTER = 0x01;
 inline constexpr UINT DT_VCENTER = 0x04;
 inline constexpr UINT DT_SINGLELINE = 0x20;
+inline constexpr UINT DT_NOPREFIX = 0x800;      // always so
+inline constexpr UINT DT_END_ELLIPSIS = 0x8000; // always so
+
+inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 
 // Text is drawn without a background, in the desktop's font and text colour: what the published operations would have
 // to be told by SetBkMode and SelectStockObject holds from the start.
 class CDC
 {
 public:
-    virtual ~CDC() = default;
+    virtual ~CDC();
+    CDC(const CDC&) = delete;
+    CDC& operator=(const CDC&) = delete;
 
-    virtual void FillSolidRect(const RECT& rect, COLORREF color) = 0;
+    void FillSolidRect(const RECT& rect, COLORREF color);
     // A frame of one pixel inside the rectangle.
-    virtual void Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRight) = 0;
+    void Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRight);
     // A single line; what does not fit is cut with an ellipsis.
-    virtual void DrawText(const std::string& text, const RECT& rect, UINT format) = 0;
+    void DrawText(const std::string& text, const RECT& rect, UINT format);
+    // Of texts from now on; gives the colour so far.
+    COLORREF SetTextColor(COLORREF color);
+    // At its big size, or at `size`. False if there is no such icon.
+    bool DrawIcon(int x, int y, HICON icon, int size = 32);
+    // What has been drawn there, the window's own background included; CLR_INVALID outside of what is being painted.
+    COLORREF GetPixel(int x, int y) const;
+
+protected:
+    struct Surface;
+
+    // Draws nothing without a surface.
+    explicit CDC(std::unique_ptr<Surface> surface);
+
+private:
+    const std::unique_ptr<Surface> m_surface;
 };

@@ -4,24 +4,14 @@
 #include "platform/window/DeviceContext.h"
 
 #include <QPainter>
+#include <QWidget>
 
-#include <optional>
-
-class CWnd;
-class QWidget;
-
-class WidgetDC : public CDC
+struct CDC::Surface
 {
-public:
-    explicit WidgetDC(QWidget& widget);
+    QPainter painter;
 
-    void FillSolidRect(const RECT& rect, COLORREF color) override;
-    void Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRight) override;
-    void DrawText(const std::string& text, const RECT& rect, UINT format) override;
-
-private:
-    QPainter m_painter;
+    explicit Surface(QWidget& widget) : painter(&widget)
+    {
+        painter.setPen(widget.palette().color(QPalette::WindowText));
+    }
 };
-
-// What a window draws on in answer to WM_PAINT; nothing if it is not being painted.
-std::unique_ptr<CDC> PaintingDC(const CWnd& window);

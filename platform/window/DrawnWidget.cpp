@@ -8,6 +8,11 @@ DrawnWidget::DrawnWidget(QWidget* parent) : QWidget(parent)
     setCursor(Qt::ArrowCursor);
 }
 
+void DrawnWidget::ShowText(const QString& text)
+{
+    setAccessibleName(text);
+}
+
 void DrawnWidget::TellSize()
 {
     const auto record = m_record;

@@ -15,8 +15,8 @@ public:
     {
         return *this;
     }
-    void ShowText(const QString&) override
-    {}
+    // A name for assistive technology.
+    void ShowText(const QString& text) override;
     void TellSize() override;
 
 protected:

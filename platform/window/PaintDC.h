@@ -1,9 +1,7 @@
 // Drawing in answer to WM_PAINT. User-interface thread only, on the stack of the handler.
 #pragma once
 
-#include "platform/window/Handle.h"
-
-#include <memory>
+#include "platform/window/DeviceContext.h"
 
 class CWnd;
 
@@ -13,18 +11,12 @@ inline constexpr int SM_CYICON = 12;
 // Size of a big icon, in device-independent pixels.
 int GetSystemMetrics(int index);
 
-class CPaintDC
+// Draws nothing for a window that is not being painted.
+class CPaintDC : public CDC
 {
 public:
     explicit CPaintDC(CWnd* window);
-    ~CPaintDC();
-    CPaintDC(const CPaintDC&) = delete;
-    CPaintDC& operator=(const CPaintDC&) = delete;
-
-    // At its big size; left and top in device-independent pixels.
-    bool DrawIcon(int x, int y, HICON icon);
 
 private:
-    struct Painter;
-    std::unique_ptr<Painter> m_painter;
+    static std::unique_ptr<Surface> SurfaceOf(const CWnd* window);
 };

@@ -1,7 +1,7 @@
 #include "platform/window/SplitterWnd.h"
 
 #include "platform/window/Creation_p.h"
-#include "platform/window/DeviceContext_p.h"
+#include "platform/window/PaintDC.h"
 #include "platform/window/PeerAccess_p.h"
 #include "platform/window/SplitterWidget_p.h"
 #include "platform/window/View.h"
@@ -226,12 +226,12 @@ LRESULT CSplitterWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     switch (message)
     {
     case WM_PAINT:
-        if (const auto dc = PaintingDC(*this))
-        {
-            DrawBars(dc.get());
-            DrawBorders(*dc);
-        }
+    {
+        CPaintDC dc(this);
+        DrawBars(&dc);
+        DrawBorders(dc);
         return 0;
+    }
     case WM_SIZE:
         RecalcLayout();
         return 0;

@@ -1,8 +1,8 @@
 #include "platform/window/View.h"
 
 #include "platform/window/Creation_p.h"
-#include "platform/window/DeviceContext_p.h"
 #include "platform/window/DrawnWidget_p.h"
+#include "platform/window/PaintDC.h"
 
 BOOL CView::Create(const RECT& area, CWnd* parent, UINT id)
 {
@@ -18,8 +18,8 @@ LRESULT CView::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message != WM_PAINT)
         return CWnd::DefWindowProc(message, wParam, lParam);
-    if (const auto dc = PaintingDC(*this))
-        OnDraw(*dc);
+    CPaintDC dc(this);
+    OnDraw(dc);
     return 0;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/window/Creation_p.h"
 #include "platform/window/DataExchange.h"
 #include "platform/window/Desktop_p.h"
+#include "platform/window/DrawnWidget_p.h"
 #include "platform/window/MessageBox_p.h"
 #include "platform/window/TopLevelPeer_p.h"
 #include "platform/window/WinApp.h"
@@ -65,6 +66,20 @@ CWnd* CWnd::FromHandle(HWND window)
 {
     const auto record = WindowTable::Get().Find(window);
     return record ? record->Window() : nullptr;
+}
+
+BOOL CWnd::Create(const std::string& name, const RECT& area, CWnd* parent, UINT id)
+{
+    BOOL made = FALSE;
+    RunOnDesktop([&] {
+        auto* drawn = MakeChild<DrawnWidget>(*this, parent, id, area);
+        if (!drawn)
+            return;
+        made = TRUE;
+        drawn->lower();
+        SetWindowText(name);
+    });
+    return made;
 }
 
 BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent)

@@ -34,6 +34,9 @@ public:
     // The object that is attached to a window; null if none is. User-interface thread only.
     static CWnd* FromHandle(HWND window);
 
+    // Makes a child that draws itself in answer to WM_PAINT, shown, below its siblings; gets WM_SIZE at every change of
+    // size, but no WM_CREATE. `name` is for assistive technology. FALSE if it cannot be made.
+    BOOL Create(const std::string& name, const RECT& area, CWnd* parent, UINT id);
     // Attaches this object to a control of a dialog, whose messages it gets first.
     BOOL SubclassDlgItem(UINT id, CWnd* parent);
     // Lets go of the window without destroying it.

@@ -60,7 +60,11 @@ constexpr MenuEntry kFrameEntries[] = {
 
 constexpr MenuTemplate kMenus[] = {{IDR_MENU, kEntries}, {IDR_FRAME, kFrameEntries}};
 constexpr TextEntry kTexts[] = {{ID_FIRST, "Does the first thing\nThe first & best"}};
-constexpr PictureEntry kPictures[] = {{1, "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='15'/>"}};
+constexpr PictureEntry kPictures[] = {
+    {1, "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='15'/>"},
+    {2,
+     "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'><rect width='16' height='16' fill='red'/></svg>"},
+};
 constexpr ToolBarButton kButtons[] = {{ID_FIRST, 1}};
 constexpr ToolBarTemplate kToolBars[] = {{IDR_FRAME, kButtons}};
 constexpr int kImages[] = {1, 1};
