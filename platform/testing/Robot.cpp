@@ -194,6 +194,26 @@ void Robot::Key(const std::string& keys) const
     Deliver(m_deadline, [&] { return RobotHands::Key(keys); });
 }
 
+void Robot::Type(const std::string& control, const std::string& text, const std::string& window) const
+{
+    Press(control, window);
+    Key("Ctrl+A");
+    Key("Backspace");
+    for (const char character : text)
+        Deliver(m_deadline, [character] { return RobotHands::TypeCharacter(character); });
+}
+
+bool Robot::IsChecked(const std::string& control, const std::string& window) const
+{
+    const auto look = [&] {
+        const auto* box = qobject_cast<QAbstractButton*>(ControlNamed(control, window));
+        if (!box || !box->isCheckable())
+            throw RobotError("\"" + control + "\" is no box to tick. On show: " + Describe());
+        return box->isChecked();
+    };
+    return Await<bool>(m_deadline, look);
+}
+
 void Robot::RightClickWindow(const std::string& window) const
 {
     const auto aim = [&] {

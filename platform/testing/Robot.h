@@ -53,7 +53,11 @@ public:
     // Keys to the active window as a user presses them, "Alt+D", "Tab", "Shift+Tab", "Esc", "Return", "Space", "Menu".
     void Key(const std::string& keys) const;
 
-    // The one list of the window.
+    // Clicks an edit and types over what stands there; the text in ASCII.
+    void Type(const std::string& control, const std::string& text, const std::string& window = {}) const;
+    bool IsChecked(const std::string& control, const std::string& window = {}) const; // a box or a radio button
+
+    // The one list of the window, with columns or without.
     int RowCount(const std::string& window = {}) const;
     std::vector<std::string> Columns(const std::string& window = {}) const;
     std::string Cell(int row, int column, const std::string& window = {}) const;
@@ -61,6 +65,8 @@ public:
     void Tick(int row, const std::string& window = {}) const;                // mouse click on the box: turns it over
     void RightClickList(int row = -1, const std::string& window = {}) const; // -1: below the last row
     void DoubleClickRow(int row, const std::string& window = {}) const;
+    // A mouse click, with Ctrl to `add` the row to those that are selected, or take it off them.
+    void ClickRow(int row, bool add = false, const std::string& window = {}) const;
 
     // The one tree of the window. A node is named by the texts on the way from the top to it.
     using NodePath = std::vector<std::string>;

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTreeView>
@@ -172,6 +173,9 @@ QAbstractItemView* ListOf(const std::string& window)
 {
     if (QTreeView* list = ViewWith(true, window))
         return list;
+    for (QListView* list : WindowNamed(window)->findChildren<QListView*>())
+        if (list->isVisible())
+            return list;
     throw RobotError("No list in \"" + window + "\". On show: " + Describe());
 }
 

@@ -32,6 +32,7 @@ struct MouseInput
     Qt::MouseButton button = Qt::NoButton; // that changes
     Qt::MouseButton held = Qt::NoButton;   // from then on
     bool again = false;                    // soon after the last press
+    Qt::KeyboardModifiers keys = {};       // that are held
 };
 
 // Input goes in where the platform hands it to the toolkit, and is handled before the call returns: should a message
@@ -43,7 +44,8 @@ std::function<void()> MouseStep(QWindow* window, QPoint place, MouseInput input)
         constexpr int kBetweenClicks = 1000;
         static int now = 0;
         now += input.type == QEvent::MouseButtonPress && !input.again ? kBetweenClicks : 1;
-        qt_handleMouseEvent(live, place, live->mapToGlobal(place), input.held, input.button, input.type, {}, now);
+        qt_handleMouseEvent(live, place, live->mapToGlobal(place), input.held, input.button, input.type, input.keys,
+                            now);
     });
 }
 
@@ -52,14 +54,16 @@ std::function<void()> MoveStep(QWindow* window, QPoint place, Qt::MouseButton he
     return MouseStep(window, place, {QEvent::MouseMove, Qt::NoButton, held});
 }
 
-std::function<void()> PressStep(QWindow* window, QPoint place, Qt::MouseButton button, bool again = false)
+std::function<void()> PressStep(QWindow* window, QPoint place, Qt::MouseButton button, bool again = false,
+                                Qt::KeyboardModifiers keys = {})
 {
-    return MouseStep(window, place, {QEvent::MouseButtonPress, button, button, again});
+    return MouseStep(window, place, {QEvent::MouseButtonPress, button, button, again, keys});
 }
 
-std::function<void()> ReleaseStep(QWindow* window, QPoint place, Qt::MouseButton button)
+std::function<void()> ReleaseStep(QWindow* window, QPoint place, Qt::MouseButton button,
+                                  Qt::KeyboardModifiers keys = {})
 {
-    return MouseStep(window, place, {QEvent::MouseButtonRelease, button});
+    return MouseStep(window, place, {QEvent::MouseButtonRelease, button, Qt::NoButton, false, keys});
 }
 
 // The point in the window, which is made the active one. It must be the target that is in front there.
@@ -131,14 +135,15 @@ QKeyCombination Parse(const std::string& keys)
 namespace RobotHands
 {
 
-std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point, Qt::MouseButton button)
+std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point, Qt::MouseButton button,
+                                            Qt::KeyboardModifiers keys)
 {
     const QPoint place = TakeAim(target, point);
     QWindow* window = target->window()->windowHandle();
     return RobotStage::StartDelivery({
         MoveStep(window, place),
-        PressStep(window, place, button),
-        ReleaseStep(window, place, button),
+        PressStep(window, place, button, false, keys),
+        ReleaseStep(window, place, button, keys),
     });
 }
 
@@ -184,6 +189,18 @@ std::shared_ptr<RobotStage::Delivery> Key(const std::string& keys)
     if (key.key() == Qt::Key_Menu)
         steps.insert(steps.begin() + 1, Step(window, &AskForContextMenu));
     return RobotStage::StartDelivery(std::move(steps));
+}
+
+std::shared_ptr<RobotStage::Delivery> TypeCharacter(char character)
+{
+    QWindow* window = ActivatedFrontWindow();
+    const auto step = [=](QEvent::Type type) {
+        return Step(window, [=](QWindow* live) {
+            const QString text = QString(QLatin1Char(character));
+            qt_handleKeyEvent(live, type, text.at(0).toUpper().unicode(), {}, text);
+        });
+    };
+    return RobotStage::StartDelivery({step(QEvent::KeyPress), step(QEvent::KeyRelease)});
 }
 
 } // namespace RobotHands

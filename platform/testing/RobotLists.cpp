@@ -114,6 +114,16 @@ void Robot::DoubleClickRow(int row, const std::string& window) const
     Deliver(m_deadline, aim);
 }
 
+void Robot::ClickRow(int row, bool add, const std::string& window) const
+{
+    const auto aim = [&] {
+        QAbstractItemView* list = ReadyList(window);
+        return RobotHands::Click(list->viewport(), RowPoint(list, row), Qt::LeftButton,
+                                 add ? Qt::ControlModifier : Qt::NoModifier);
+    };
+    Deliver(m_deadline, aim);
+}
+
 std::vector<std::string> Robot::MenuEntries() const
 {
     const auto look = [] {

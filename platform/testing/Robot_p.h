@@ -105,7 +105,8 @@ namespace RobotHands
 {
 
 // A press and a release of a mouse button at a point of `target`, which must be in front of everything else there.
-std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point, Qt::MouseButton button);
+std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point, Qt::MouseButton button,
+                                            Qt::KeyboardModifiers keys = {});
 std::shared_ptr<RobotStage::Delivery> DoubleClick(QWidget* target, const QPoint& point);
 // With the left button, `by` so many pixels.
 std::shared_ptr<RobotStage::Delivery> Drag(QWidget* target, const QPoint& point, const QPoint& by);
@@ -113,5 +114,7 @@ std::shared_ptr<RobotStage::Delivery> Drag(QWidget* target, const QPoint& point,
 std::shared_ptr<RobotStage::Delivery> Close(QWidget* window);
 // A key with its modifiers, as QKeySequence writes it, to the window in front.
 std::shared_ptr<RobotStage::Delivery> Key(const std::string& keys);
+// The key that types the ASCII character.
+std::shared_ptr<RobotStage::Delivery> TypeCharacter(char character);
 
 } // namespace RobotHands

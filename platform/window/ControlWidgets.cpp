@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QStyleOptionFrame>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -58,21 +60,53 @@ bool LabelWidget::event(QEvent* event)
     return QLabel::event(event);
 }
 
-EditWidget::EditWidget(QWidget* parent) : QLineEdit(parent)
+QValidator::State EditRules::validate(QString& text, int& cursor) const
 {
+    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
+    if (m_bDigits && !std::ranges::all_of(text, isDigit))
+        return Invalid;
+    const qsizetype over = text.size() - std::max(m_nLimit, m_nLength);
+    if (m_nLimit == 0 || over <= 0)
+        return Acceptable;
+    if (over > cursor)
+        return Invalid;
+    cursor -= static_cast<int>(over);
+    text.remove(cursor, over);
+    return Acceptable;
+}
+
+EditWidget::EditWidget(bool digits, QWidget* parent) : QLineEdit(parent)
+{
+    m_rules.m_bDigits = digits;
+    setValidator(&m_rules);
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (!m_showing)
-            m_record->TextEdited(ByteText(text));
+        m_rules.m_nLength = text.size();
+        if (m_showing)
+            return;
+        m_record->TextEdited(ByteText(text));
+        m_record->NotifyCommand(EN_CHANGE);
     });
 }
 
 void EditWidget::ShowText(const QString& text)
 {
     m_showing = true;
+    m_rules.m_nLength = text.size();
     setText(text);
     m_showing = false;
     if (isReadOnly())
         setCursorPosition(0);
+}
+
+LRESULT EditWidget::Default(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == EM_LIMITTEXT)
+        m_rules.m_nLimit = static_cast<qsizetype>(wParam);
+    else if (message == EM_SETSEL && lParam < 0)
+        selectAll();
+    else if (message == EM_SETSEL)
+        setSelection(static_cast<int>(wParam), static_cast<int>(lParam) - static_cast<int>(wParam));
+    return 0;
 }
 
 bool EditWidget::event(QEvent* event)

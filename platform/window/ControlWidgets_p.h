@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSvgRenderer>
+#include <QValidator>
 
 // What is common to the buttons: BM_CLICK in, WM_COMMAND out.
 template <class Button>
@@ -21,7 +22,7 @@ class ButtonWidget : public Button, public WindowPeer
 public:
     explicit ButtonWidget(QWidget* parent) : Button(parent)
     {
-        QObject::connect(this, &QAbstractButton::clicked, this, [this] { m_record->NotifyClicked(); });
+        QObject::connect(this, &QAbstractButton::clicked, this, [this] { m_record->NotifyCommand(BN_CLICKED); });
     }
 
     QWidget& Widget() override
@@ -32,11 +33,13 @@ public:
     {
         this->setText(text);
     }
-    LRESULT Default(UINT message, WPARAM, LPARAM) override
+    LRESULT Default(UINT message, WPARAM wParam, LPARAM) override
     {
         if (message == BM_CLICK)
             this->click();
-        return 0;
+        else if (message == BM_SETCHECK)
+            this->setChecked(wParam == BST_CHECKED);
+        return message == BM_GETCHECK && this->isChecked() ? BST_CHECKED : 0;
     }
 };
 
@@ -80,21 +83,38 @@ public:
     }
 };
 
+// What a user may type: digits alone, or no more than so many characters. A text that is too long to begin with may
+// become shorter.
+class EditRules : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    bool m_bDigits = false;
+    qsizetype m_nLimit = 0;  // 0 is none
+    qsizetype m_nLength = 0; // of the text in the edit
+
+    // Takes from the end of what is being inserted what has no room.
+    State validate(QString& text, int& cursor) const override;
+};
+
 class EditWidget : public QLineEdit, public WindowPeer
 {
 public:
-    explicit EditWidget(QWidget* parent);
+    EditWidget(bool digits, QWidget* parent);
 
     QWidget& Widget() override
     {
         return *this;
     }
     void ShowText(const QString& text) override;
+    LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
     bool event(QEvent* event) override;
 
 private:
+    EditRules m_rules;
     bool m_showing = false; // the text changes by the program, not by the user
 };
 

@@ -3,6 +3,8 @@
 
 #include "platform/window/Wnd.h"
 
+#include <vector>
+
 // Extended styles of a list, under their published numbers.
 inline constexpr DWORD LVS_EX_GRIDLINES = 0x001;
 inline constexpr DWORD LVS_EX_CHECKBOXES = 0x004;
@@ -11,6 +13,11 @@ inline constexpr DWORD LVS_EX_FLATSB = 0x100; // today's scroll bars are flat: n
 
 class CButton : public CWnd
 {
+public:
+    // BST_CHECKED or BST_UNCHECKED, of a check box or a radio button.
+    int GetCheck() const;
+    // The parent is not told.
+    void SetCheck(int check) const;
 };
 
 class CStatic : public CWnd
@@ -26,6 +33,26 @@ class CProgressCtrl : public CWnd
 public:
     // A plain word, read from any thread without a round trip. Range 0 .. 2^32 - 1.
     DWORD GetPos() const;
+};
+
+inline constexpr int LB_ERR = -1;
+
+// A list of rows without columns, of which any number can be selected. Rows count from 0; LB_ERR, 0 or an empty text
+// answers for a row that is not there.
+class CListBox : public CWnd
+{
+public:
+    // At the end; gives the row it got.
+    int AddString(const std::string& text);
+    // Gives how many rows are left.
+    int DeleteString(int row);
+    int GetCount() const;
+    std::string GetText(int row) const;
+    // The selected rows, rising.
+    std::vector<int> GetSelItems() const;
+    int SetSel(int row, BOOL select = TRUE);
+    int SetItemData(int row, DWORD_PTR data);
+    DWORD_PTR GetItemData(int row) const;
 };
 
 class CImageList;

@@ -4,11 +4,11 @@
 #include "platform/window/ControlWidgets_p.h"
 #include "platform/window/DialogUnits_p.h"
 #include "platform/window/DialogWidget_p.h"
+#include "platform/window/ListBoxWidget_p.h"
 #include "platform/window/ListWidget_p.h"
 #include "platform/window/TabWidget_p.h"
 
 #include <QButtonGroup>
-#include <QRegularExpressionValidator>
 
 #include <algorithm>
 
@@ -91,6 +91,8 @@ WindowPeer* DialogBuilder::MakePeer(const ControlTemplate& control)
         return MakeEdit(control);
     case ControlClass::ListView:
         return new ListWidget(m_dialog);
+    case ControlClass::ListBox:
+        return new ListBoxWidget(m_dialog);
     case ControlClass::ProgressBar:
         return new ProgressWidget(m_dialog);
     case ControlClass::GroupBox:
@@ -121,10 +123,8 @@ WindowPeer* DialogBuilder::MakeRadioButton()
 
 WindowPeer* DialogBuilder::MakeEdit(const ControlTemplate& control)
 {
-    auto* edit = new EditWidget(m_dialog);
+    auto* edit = new EditWidget(control.style & CS_NUMBER, m_dialog);
     edit->setReadOnly(control.style & CS_READONLY);
-    if (control.style & CS_NUMBER)
-        edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
     return edit;
 }
 
@@ -158,7 +158,7 @@ void DialogBuilder::SetName(QWidget& widget, const ControlTemplate& control)
 {
     // Where it is left to the toolkit, the name is the caption without its mnemonic and follows changes of it.
     const bool captioned = control.kind != ControlClass::Edit && control.kind != ControlClass::ListView &&
-                           control.kind != ControlClass::ProgressBar;
+                           control.kind != ControlClass::ListBox && control.kind != ControlClass::ProgressBar;
     if (!control.accessibleName.empty())
         widget.setAccessibleName(Utf8Text(control.accessibleName));
     else if (!captioned)

@@ -5,6 +5,16 @@
 #include "platform/window/ProgressWords_p.h"
 #include "platform/window/QtText_p.h"
 
+int CButton::GetCheck() const
+{
+    return static_cast<int>(SendMessage(BM_GETCHECK));
+}
+
+void CButton::SetCheck(int check) const
+{
+    SendMessage(BM_SETCHECK, static_cast<WPARAM>(check));
+}
+
 DWORD CProgressCtrl::GetPos() const
 {
     const auto record = WindowTable::Get().Find(m_hWnd);

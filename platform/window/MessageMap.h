@@ -58,14 +58,21 @@ MessageEntry On(UINT message, void (Window::*member)())
             }};
 }
 
+// A notification that the control `id` sends as WM_COMMAND: EN_CHANGE.
+template <class Window>
+MessageEntry OnControl(UINT code, UINT id, void (Window::*member)())
+{
+    return {WM_COMMAND, code, id, [member](CWnd& window, WPARAM, LPARAM) -> LRESULT {
+                (static_cast<Window&>(window).*member)();
+                return 0;
+            }};
+}
+
 // The command of a button or a menu entry.
 template <class Window>
 MessageEntry OnCommand(UINT id, void (Window::*member)())
 {
-    return {WM_COMMAND, BN_CLICKED, id, [member](CWnd& window, WPARAM, LPARAM) -> LRESULT {
-                (static_cast<Window&>(window).*member)();
-                return 0;
-            }};
+    return OnControl(BN_CLICKED, id, member);
 }
 
 // A notification of the control `id`.

@@ -24,7 +24,13 @@ inline constexpr UINT WM_LBUTTONUP = 0x0202;
 inline constexpr WPARAM MK_LBUTTON = 1; // of a mouse message: the button is held
 inline constexpr UINT WM_USER = 0x0400;
 
+inline constexpr UINT EM_SETSEL = 0x00B1;    // WPARAM, LPARAM: from and to; 0 and -1 are all
+inline constexpr UINT EM_LIMITTEXT = 0x00C5; // WPARAM: characters that the user may type; 0: any number
+inline constexpr UINT BM_GETCHECK = 0x00F0;  // of boxes: BST_CHECKED or 0
+inline constexpr UINT BM_SETCHECK = 0x00F1;  // the parent is not told
 inline constexpr UINT BM_CLICK = 0x00F5;
+inline constexpr int BST_UNCHECKED = 0;
+inline constexpr int BST_CHECKED = 1;
 inline constexpr UINT PBM_SETPOS = 0x0402;
 inline constexpr UINT PBM_SETRANGE32 = 0x0406;
 inline constexpr UINT PBM_GETPOS = 0x0408;
@@ -58,6 +64,7 @@ inline constexpr int VK_CONTROL = 0x11;
 inline constexpr int VK_ESCAPE = 0x1B;
 
 inline constexpr UINT BN_CLICKED = 0;
+inline constexpr UINT EN_CHANGE = 0x0300; // the user changed the text of an edit; what the program sets is not told
 
 inline constexpr UINT NM_DBLCLK = static_cast<UINT>(-3);
 inline constexpr UINT NM_RCLICK = static_cast<UINT>(-5);

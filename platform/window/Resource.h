@@ -21,6 +21,7 @@ enum class ControlClass
     RadioButton, // one of a group
     Edit,        // one line of text
     ListView,    // report list
+    ListBox,     // rows of which any number can be selected
     ProgressBar,
     GroupBox,
     TabControl, // a row of tabs above an area for what they stand for

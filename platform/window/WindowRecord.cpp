@@ -258,10 +258,10 @@ LRESULT WindowRecord::DefaultOfCurrent()
     return m_window ? m_window->DefWindowProc(current.message, current.wParam, current.lParam) : 0;
 }
 
-void WindowRecord::NotifyClicked()
+void WindowRecord::NotifyCommand(UINT code)
 {
     if (m_parent)
-        m_parent->SendFromToolkit(WM_COMMAND, static_cast<WPARAM>(m_id & 0xFFFF), ToLParam(m_handle));
+        m_parent->SendFromToolkit(WM_COMMAND, static_cast<WPARAM>(m_id & 0xFFFF) | code << 16, ToLParam(m_handle));
 }
 
 LRESULT WindowRecord::NotifyParent(NMHDR& head)

@@ -98,7 +98,7 @@ public:
     // The default handling of the message in hand.
     LRESULT DefaultOfCurrent();
     // WM_COMMAND of this control to its parent.
-    void NotifyClicked();
+    void NotifyCommand(UINT code);
     // WM_NOTIFY to the parent; gives its answer.
     LRESULT NotifyParent(NMHDR& head);
 

@@ -236,10 +236,20 @@ CMenu* CWnd::GetSystemMenu(BOOL revert)
 
 BOOL CWnd::UpdateData(BOOL saveAndValidate)
 {
-    return RunOnDesktop([&] {
+    bool done = false;
+    RunOnDesktop([&] {
         CDataExchange exchange(this, saveAndValidate);
-        DoDataExchange(&exchange);
+        try
+        {
+            DoDataExchange(&exchange);
+            done = true;
+        }
+        catch (const CDataExchange::Failure&)
+        {
+            // The user has been told.
+        }
     });
+    return done;
 }
 
 int CWnd::MessageBox(const std::string& text, const std::string& caption, UINT type) const

@@ -18,6 +18,7 @@ public:
     std::atomic<bool> m_bMayLeave = true;
     std::atomic<bool> m_bMayApply = true;
     std::string m_name = "old";
+    int m_ticked = 1;
 
     BOOL OnInitDialog() override
     {
@@ -47,11 +48,24 @@ public:
 protected:
     void DoDataExchange(CDataExchange* exchange) override
     {
-        if (GetDlgItem(IDC_NAME))
-            DDX_Text(exchange, IDC_NAME, m_name);
+        if (!GetDlgItem(IDC_NAME))
+            return;
+        DDX_Text(exchange, IDC_NAME, m_name);
+        DDV_MaxChars(exchange, m_name, 5);
+        DDX_Check(exchange, IDC_BOX, m_ticked);
+    }
+    const MessageMap& GetMessageMap() const override
+    {
+        static const MessageMap map{&CPropertyPage::StaticMessageMap(),
+                                    {OnControl(EN_CHANGE, IDC_NAME, &TestPage::OnNameChanged)}};
+        return map;
     }
 
 private:
+    void OnNameChanged()
+    {
+        SetModified();
+    }
     void Log(const std::string& event)
     {
         m_log.push_back((m_letter ? "1 " : "2 ") + event);
@@ -227,6 +241,59 @@ TEST(PropertySheets, ADerivedSheetMovesHidesAndLeavesWhatItLikes)
         sheet.RemovePage(&sheet.m_wide);
         EXPECT_TRUE(robot.IsShown("Tick me"));
         EXPECT_EQ(sheet.GetTabControl()->GetItemCount(), 1);
+        robot.Key("Esc");
+    });
+}
+
+TEST(PropertySheets, ATextThatIsTooLongKeepsThePageAndTheFocus)
+{
+    TestSheet sheet;
+    const INT_PTR result = sheet.Play([&](Robot& robot) {
+        EXPECT_TRUE(robot.IsChecked("Tick me"));
+        robot.Press("Tick me");
+        EXPECT_FALSE(robot.IsEnabled("Apply"));
+        robot.Type("Name", "abcdefgh");
+        EXPECT_EQ(robot.Text("Name"), "abcde");
+        EXPECT_TRUE(robot.IsEnabled("Apply"));
+        robot.Key("Home");
+        robot.Key("X");
+        EXPECT_EQ(robot.Text("Name"), "abcde");
+
+        SetWindowTextA(sheet.m_first.GetDlgItem(IDC_NAME), "\xC3\xA9longer");
+        robot.Key("X");
+        robot.Key("Ctrl+Tab");
+        EXPECT_EQ(robot.MessageBoxText(), "Please enter no more than 5 characters.");
+        robot.Answer("OK");
+        EXPECT_EQ(robot.FocusName(), "Name");
+        robot.Press("OK");
+        robot.Answer("OK");
+        EXPECT_EQ(robot.FocusName(), "Name");
+        robot.Key("Delete"); // all of it is selected
+        robot.Press("OK");
+    });
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(sheet.m_first.m_name, "");
+    EXPECT_EQ(sheet.m_first.m_ticked, 0);
+}
+
+TEST(PropertySheets, AListBoxHasAnyNumberOfSelectedRows)
+{
+    TestSheet sheet;
+    sheet.SetActivePage(&sheet.m_wide);
+    sheet.Play([&](Robot& robot) {
+        CListBox box;
+        box.SubclassDlgItem(IDC_ROWS, &sheet.m_wide);
+        for (const char* row : {"a", "b\n", "c"})
+            box.SetItemData(box.AddString(row), static_cast<DWORD_PTR>(*row));
+        robot.ClickRow(2);
+        robot.ClickRow(0, true);
+        EXPECT_EQ(box.GetSelItems(), (std::vector<int>{0, 2}));
+        EXPECT_EQ(box.DeleteString(0), 2);
+        EXPECT_EQ(box.DeleteString(7), LB_ERR);
+        EXPECT_EQ(box.GetText(0), "b\n");
+        EXPECT_EQ(box.GetItemData(1), DWORD_PTR('c'));
+        EXPECT_EQ(robot.RowCount(), 2);
+        box.Detach();
         robot.Key("Esc");
     });
 }

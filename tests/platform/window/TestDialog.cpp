@@ -36,6 +36,7 @@ constexpr ControlTemplate kFirst[] = {
 
 constexpr ControlTemplate kWide[] = {
     {ControlClass::Button, IDC_ACT, 6, 6, 60, 16, CS_NONE, "&Act"},
+    {ControlClass::ListBox, IDC_ROWS, 80, 2, 100, 24, CS_NONE, {}, "Rows"},
 };
 
 constexpr DialogTemplate kDialogs[] = {

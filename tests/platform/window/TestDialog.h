@@ -33,6 +33,7 @@ inline constexpr int IDC_ACT = 1006;
 inline constexpr int IDC_BAR = 1007;
 inline constexpr int IDC_STATUS = 1008;
 inline constexpr int IDC_LIST = 1009;
+inline constexpr int IDC_ROWS = 1010;
 
 inline constexpr UINT ID_FIRST = 300;
 inline constexpr UINT ID_GREYED = 301;
