@@ -55,9 +55,11 @@ protected:
     // Whether the loop ends before the next item.
     virtual bool IsStopRequested() const = 0;
     // Before the first item.
-    virtual void OnFetchBegins() = 0;
-    // An item was stored at `path`.
-    virtual void OnFileStored(const std::string& url, const std::string& path) = 0;
+    virtual void OnFetchBegins()
+    {}
+    // An item was stored: its address, and the path of its file.
+    virtual void OnFileStored(const std::string&, const std::string&)
+    {}
     // After the last item, with the closing texts already set: the flags, the history.
     virtual void OnFetchEnds() = 0;
     // The Setup command: opens the settings sheet and returns when it has closed.

@@ -137,12 +137,6 @@ bool CBatchDlg::IsStopRequested() const
     return m_bRunning == 0 || m_bFinished != 0;
 }
 
-void CBatchDlg::OnFetchBegins()
-{}
-
-void CBatchDlg::OnFileStored(const std::string&, const std::string&)
-{}
-
 void CBatchDlg::OnFetchEnds()
 {
     m_bRunning = 0;
@@ -162,18 +156,6 @@ const CUrlList& CBatchDlg::PageUrls() const
     return m_pageUrls;
 }
 
-void CBatchDlg::OnHarvestBegins()
-{}
-
-void CBatchDlg::OnPageBegins(const std::string&)
-{}
-
-void CBatchDlg::OnUrlTaken(const std::string&)
-{}
-
-void CBatchDlg::OnPageEnds()
-{}
-
 void CBatchDlg::OnNothingCollected()
 {
     ShowNothingToDo();
@@ -188,9 +170,6 @@ void CBatchDlg::ShowNothingToDo()
     m_fields.ShowCancelCurrent(false);
     m_fields.SetTitle(IDS_NO_PAGE);
 }
-
-void CBatchDlg::OnCollected()
-{}
 
 // A worker that the browser has failed has told nobody of its end.
 void CBatchDlg::OnRunEnds()

@@ -40,8 +40,6 @@ protected:
     // CDownloadRun, on the worker thread.
     CProgressFields& ProgressFields() override;
     bool IsStopRequested() const override;
-    void OnFetchBegins() override;
-    void OnFileStored(const std::string& url, const std::string& path) override;
     void OnFetchEnds() override;
     void OnSetup() override;
 
@@ -53,12 +51,7 @@ private:
     // IHarvestOwner, on the worker thread.
     CDownloadRun& Run() override;
     const CUrlList& PageUrls() const override;
-    void OnHarvestBegins() override;
-    void OnPageBegins(const std::string& pageUrl) override;
-    void OnUrlTaken(const std::string& url) override;
-    void OnPageEnds() override;
     void OnNothingCollected() override;
-    void OnCollected() override;
     void OnRunEnds() override;
 
     void CollectOpenPages();

@@ -20,15 +20,20 @@ public:
     virtual const CUrlList& PageUrls() const = 0;
 
     // The collection is open and the walk begins.
-    virtual void OnHarvestBegins() = 0;
+    virtual void OnHarvestBegins()
+    {}
     // A page of the run was found; then its addresses in the order found; then its end.
-    virtual void OnPageBegins(const std::string& pageUrl) = 0;
-    virtual void OnUrlTaken(const std::string& url) = 0;
-    virtual void OnPageEnds() = 0;
+    virtual void OnPageBegins(const std::string&)
+    {}
+    virtual void OnUrlTaken(const std::string&)
+    {}
+    virtual void OnPageEnds()
+    {}
 
     // The walk is over: with nothing to download, or with a list that the fetch loop gets next.
     virtual void OnNothingCollected() = 0;
-    virtual void OnCollected() = 0;
+    virtual void OnCollected()
+    {}
     // The last call of every run, however it ended, a failing browser or a lack of memory included: the owner goes back
     // to idle.
     virtual void OnRunEnds() = 0;

@@ -17,7 +17,6 @@
 namespace
 {
 
-constexpr int kImageSize = 16;
 constexpr std::int64_t kKb = 1024;
 
 struct Column
@@ -73,7 +72,7 @@ LRESULT CHistoryDetailView::OnCreate(WPARAM, LPARAM)
         return -1;
     m_list.SetExtendedStyle(m_list.GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
     m_list.SetWindowText(AfxLoadString(IDS_HISTORY));
-    m_images.Create(IDR_HISTORY_LEVELS, kImageSize);
+    m_images.Create(IDR_HISTORY_LEVELS, kLevelImageSize);
     m_list.SetImageList(m_images);
     m_pTree = dynamic_cast<CHistoryTreeView*>(CHistorySplitter::PaneBeside(*this, 0, 0));
     SetColumns(kHistoryLevel);

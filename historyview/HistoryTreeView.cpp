@@ -13,7 +13,6 @@ namespace
 {
 
 constexpr LONG kBandHeight = 22;
-constexpr int kImageSize = 16;
 
 using PagesOfDays = std::unordered_map<std::string, std::vector<const CHistoryItem*>>;
 
@@ -57,7 +56,7 @@ LRESULT CHistoryTreeView::OnCreate(WPARAM, LPARAM)
     if (Default() == -1 || !m_tree.Create(TreeArea(client.right, client.bottom), this, IDC_HISTORY_TREE))
         return -1;
     m_tree.SetWindowText(m_title);
-    m_images.Create(IDR_HISTORY_LEVELS, kImageSize);
+    m_images.Create(IDR_HISTORY_LEVELS, kLevelImageSize);
     m_tree.SetImageList(m_images);
     RebuildTree();
     return 0;

@@ -22,6 +22,7 @@ enum HistoryLevel : int
 
 // The pictures of the nodes and rows: one for each level, and one for a file.
 inline constexpr int kFileImage = 3;
+inline constexpr int kLevelImageSize = 16; // device-independent pixels
 
 // The local day of a record, as the files of the history are named.
 std::string DayOf(const CHistoryItem& item);

@@ -1,6 +1,6 @@
 #include "persist/HistoryStore.h"
 
-#include <ctime>
+#include "platform/system/Time.h"
 
 void CHistoryFile::SetUrl(const std::string& url)
 {
@@ -12,7 +12,7 @@ void CHistoryFile::SetLocalPath(const std::string& path)
     m_szLocalPath = path;
 }
 
-CHistoryItem::CHistoryItem() : m_time(static_cast<std::int32_t>(std::time(nullptr)))
+CHistoryItem::CHistoryItem() : m_time(static_cast<std::int32_t>(CTime::GetCurrentTime().GetTime()))
 {}
 
 void CHistoryItem::SetPageUrl(const std::string& url)

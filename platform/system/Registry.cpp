@@ -91,6 +91,18 @@ bool FindSubKey(HKEY handle, const char* subKey, Key& key)
     return std::ranges::count(key.path, '\\') < kMostLevels;
 }
 
+// Runs a reading of an open key on the root's file.
+template <class Reading>
+LONG ReadKey(HKEY handle, const Reading& reading)
+{
+    Key key;
+    if (!Keys().Find(handle, key))
+        return ERROR_INVALID_HANDLE;
+    RegistryFile file = FileOf(key.root);
+    const LONG error = file.Load();
+    return error == ERROR_SUCCESS ? reading(file, key.path) : error;
+}
+
 // What a change answers; ERROR_SUCCESS for one that cannot fail.
 template <class Change>
 LONG Result(const Change& change, RegistryFile& file)
@@ -176,21 +188,17 @@ LONG RegCreateKeyExA(HKEY key, const char* subKey, DWORD, char*, DWORD, DWORD ac
 
 LONG RegEnumKeyExA(HKEY key, DWORD index, char* name, DWORD* size, DWORD*, char*, DWORD*, void*)
 {
-    Key found;
-    if (!Keys().Find(key, found))
-        return ERROR_INVALID_HANDLE;
-    RegistryFile file = FileOf(found.root);
-    if (const LONG error = file.Load(); error != ERROR_SUCCESS)
-        return error;
-    const std::vector<std::string> names = file.SubKeys(found.path);
-    if (index >= names.size())
-        return ERROR_NO_MORE_ITEMS;
-    const std::string& text = names[index];
-    if (*size <= text.size())
-        return ERROR_MORE_DATA;
-    std::memcpy(name, text.c_str(), text.size() + 1);
-    *size = static_cast<DWORD>(text.size());
-    return ERROR_SUCCESS;
+    return ReadKey(key, [&](const RegistryFile& file, const std::string& path) -> LONG {
+        const std::vector<std::string> names = file.SubKeys(path);
+        if (index >= names.size())
+            return ERROR_NO_MORE_ITEMS;
+        const std::string& text = names[index];
+        if (*size <= text.size())
+            return ERROR_MORE_DATA;
+        std::memcpy(name, text.c_str(), text.size() + 1);
+        *size = static_cast<DWORD>(text.size());
+        return ERROR_SUCCESS;
+    });
 }
 
 LONG RegDeleteKeyA(HKEY key, const char* subKey)
@@ -217,27 +225,23 @@ void SetRegistryGuard(RegistryGuard guard)
 
 LONG RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size)
 {
-    Key found;
-    if (!Keys().Find(key, found))
-        return ERROR_INVALID_HANDLE;
-    RegistryFile file = FileOf(found.root);
-    if (const LONG error = file.Load(); error != ERROR_SUCCESS)
-        return error;
-    const auto text = file.Value(found.path, name ? name : "");
-    if (!text)
-        return ERROR_FILE_NOT_FOUND;
-    if (type)
-        *type = REG_SZ;
-    const DWORD room = size ? *size : 0;
-    const auto needed = static_cast<DWORD>(text->size() + 1);
-    if (size)
-        *size = needed;
-    if (!data)
+    return ReadKey(key, [&](const RegistryFile& file, const std::string& path) -> LONG {
+        const auto text = file.Value(path, name ? name : "");
+        if (!text)
+            return ERROR_FILE_NOT_FOUND;
+        if (type)
+            *type = REG_SZ;
+        const DWORD room = size ? *size : 0;
+        const auto needed = static_cast<DWORD>(text->size() + 1);
+        if (size)
+            *size = needed;
+        if (!data)
+            return ERROR_SUCCESS;
+        if (room < needed)
+            return ERROR_INSUFFICIENT_BUFFER;
+        std::memcpy(data, text->c_str(), needed);
         return ERROR_SUCCESS;
-    if (room < needed)
-        return ERROR_INSUFFICIENT_BUFFER;
-    std::memcpy(data, text->c_str(), needed);
-    return ERROR_SUCCESS;
+    });
 }
 
 LONG RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size)

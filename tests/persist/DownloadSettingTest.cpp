@@ -114,6 +114,8 @@ TEST_F(DownloadSettingTest, ReadsWhatStandsInItsPlace)
         {"<CONFIG><SAVEFOLDER>" + std::string(600, 'f') + "</SAVEFOLDER></CONFIG>",
          std::string(519, 'f') + "|0: 1>250 0<0|0:|100"},
         {kFull + '\0' + "<CONFIG/>", full},
+        // A character that is cut swallows no bracket.
+        {"<CONFIG><SAVEFOLDER>\xFF\xE4</SAVEFOLDER></CONFIG>", "\xFF\xE4|0: 1>250 0<0|0:|100"},
         // What is damaged anywhere changes nothing.
         {"", kDefaults},
         {" \r\n\t", kDefaults},
@@ -130,12 +132,6 @@ TEST_F(DownloadSettingTest, ReadsWhatStandsInItsPlace)
     for (std::size_t length = 0; length < kFull.rfind('>'); ++length)
     {
         ASSERT_EQ(Loaded(kFull.substr(0, length)), kDefaults) << length;
-    }
-    for (std::size_t i = 0; i < kFull.size(); ++i)
-    {
-        std::string damaged = kFull;
-        damaged[i] = '\xFF';
-        Loaded(damaged);
     }
 }
 

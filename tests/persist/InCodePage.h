@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <functional>
 #include <gtest/gtest.h>
 
 inline void ExpectInCodePage(const char* page, const std::function<void()>& body)
