@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QProgressBar>
@@ -25,6 +27,14 @@ QMessageBox* BoxOnShow()
     if (auto* box = qobject_cast<QMessageBox*>(WindowNamed({})))
         return box;
     throw RobotError("No message box. On show: " + Describe());
+}
+
+QFileDialog* FolderDialogOnShow()
+{
+    auto* dialog = qobject_cast<QFileDialog*>(WindowNamed({}));
+    if (dialog && !dialog->selectedFiles().isEmpty())
+        return dialog;
+    throw RobotError("No folder dialog. On show: " + Describe());
 }
 
 // Where a user presses a button or a box: in the middle, or on the indicator and its caption, which may be short.
@@ -212,6 +222,29 @@ bool Robot::IsChecked(const std::string& control, const std::string& window) con
         return box->isChecked();
     };
     return Await<bool>(m_deadline, look);
+}
+
+std::string Robot::BrowsedFolder() const
+{
+    return Await<std::string>(m_deadline,
+                              [] { return FolderDialogOnShow()->selectedFiles().constFirst().toStdString(); });
+}
+
+void Robot::TypeFolder(const std::string& path) const
+{
+    const auto aim = [&] {
+        auto* edit = FolderDialogOnShow()->findChild<QLineEdit*>();
+        RequireReady(edit);
+        const auto click = RobotHands::Click(edit, edit->rect().center(), Qt::LeftButton);
+        const auto paste = [target = QPointer<QLineEdit>(edit), text = QString::fromStdString(path)] {
+            if (target)
+                target->setText(text);
+        };
+        RobotStage::StartDelivery({paste});
+        return click;
+    };
+    Deliver(m_deadline, aim);
+    WaitUntil([&] { return BrowsedFolder() == path; }, "the folder typed");
 }
 
 void Robot::RightClickWindow(const std::string& window) const

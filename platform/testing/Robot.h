@@ -80,6 +80,12 @@ public:
     // Drags the bar to the right of a pane sideways, or the one below it up and down.
     void DragBar(std::size_t pane, int byX, int byY, const std::string& window = {}) const;
 
+    // The folder dialog on show: the folder that it would give now, and typing another one's path over it, as one
+    // that is there at once: the list of completions stays shut.
+    // It has the buttons "Choose" and "Cancel". Paths in UTF-8.
+    std::string BrowsedFolder() const;
+    void TypeFolder(const std::string& path) const;
+
     // A right click on a part of the window that no control takes.
     void RightClickWindow(const std::string& window = {}) const;
 
