@@ -3,3 +3,4 @@
 
 inline constexpr const char* kUserRegistryFile = "registry-user.ini";
 inline constexpr const char* kMachineRegistryFile = "registry-machine.ini";
+inline constexpr const char* kClassesRegistryFile = "registry-classes.ini";

@@ -1,18 +1,15 @@
 #include "platform/shell/Shell.h"
 
 #include "platform/files/NativePath_p.h"
+#include "platform/shell/Process_p.h"
 #include "platform/system/LastError.h"
 
 #include <cstring>
 #include <filesystem>
-#include <spawn.h>
 #include <string>
 #include <string_view>
 #include <strings.h>
-#include <sys/wait.h>
 #include <system_error>
-#include <thread>
-#include <unistd.h>
 
 namespace
 {
@@ -41,49 +38,6 @@ std::string TargetOf(const char* file)
     return !error && std::filesystem::exists(path, error) ? path.string() : std::string();
 }
 
-struct SpawnAttributes
-{
-    posix_spawnattr_t value;
-
-    SpawnAttributes()
-    {
-        posix_spawnattr_init(&value);
-        posix_spawnattr_setflags(&value, POSIX_SPAWN_SETSID);
-    }
-    ~SpawnAttributes()
-    {
-        posix_spawnattr_destroy(&value);
-    }
-    SpawnAttributes(const SpawnAttributes&) = delete;
-    SpawnAttributes& operator=(const SpawnAttributes&) = delete;
-};
-
-// Takes the exit status, which would stay behind as a dead process otherwise.
-void Await(pid_t process)
-{
-    try
-    {
-        std::thread([process] { waitpid(process, nullptr, 0); }).detach();
-    }
-    catch (const std::system_error&)
-    {
-        // Without a thread to spare it stays until this process ends.
-    }
-}
-
-bool Start(const std::string& target)
-{
-    std::string program = "xdg-open";
-    std::string argument = target;
-    char* arguments[] = {program.data(), argument.data(), nullptr};
-    const SpawnAttributes attributes;
-    pid_t process = 0;
-    if (posix_spawnp(&process, program.c_str(), nullptr, &attributes.value, arguments, environ) != 0)
-        return false;
-    Await(process);
-    return true;
-}
-
 } // namespace
 
 long ShellExecuteA(HWND, const char* verb, const char* file, const char* parameters, const char* directory, int)
@@ -92,5 +46,6 @@ long ShellExecuteA(HWND, const char* verb, const char* file, const char* paramet
     if ((action != "open" && action != "explore") || !file || !*file || parameters || directory)
         return 0;
     const std::string target = TargetOf(file);
-    return !target.empty() && Start(target) ? kStarted : static_cast<long>(ERROR_FILE_NOT_FOUND);
+    return !target.empty() && StartProcess({"xdg-open", target}) == 0 ? kStarted
+                                                                      : static_cast<long>(ERROR_FILE_NOT_FOUND);
 }

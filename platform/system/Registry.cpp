@@ -40,7 +40,7 @@ public:
     // False for a handle that is neither open nor a root.
     bool Find(HKEY handle, Key& key)
     {
-        if (handle == HKEY_CURRENT_USER || handle == HKEY_LOCAL_MACHINE)
+        if (handle == HKEY_CLASSES_ROOT || handle == HKEY_CURRENT_USER || handle == HKEY_LOCAL_MACHINE)
         {
             key = Key{handle, {}};
             return true;
@@ -73,8 +73,10 @@ OpenKeys& Keys()
 
 RegistryFile FileOf(HKEY root)
 {
-    return RegistryFile(InstallHomeFolder() + '/' +
-                        (root == HKEY_CURRENT_USER ? kUserRegistryFile : kMachineRegistryFile));
+    const char* name = root == HKEY_CURRENT_USER   ? kUserRegistryFile
+                       : root == HKEY_CLASSES_ROOT ? kClassesRegistryFile
+                                                   : kMachineRegistryFile;
+    return RegistryFile(InstallHomeFolder() + '/' + name);
 }
 
 // False for a handle that is not open, and for a key below the deepest level of the registry.
@@ -242,6 +244,19 @@ LONG RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* dat
         std::memcpy(data, text->c_str(), needed);
         return ERROR_SUCCESS;
     });
+}
+
+LONG RegQueryValueA(HKEY key, const char* subKey, char* data, LONG* size)
+{
+    HKEY below = HKEY::Null;
+    if (const LONG error = RegOpenKeyA(key, subKey, &below); error != ERROR_SUCCESS)
+        return error;
+    auto room = static_cast<DWORD>(size ? *size : 0);
+    const LONG error = RegQueryValueExA(below, nullptr, nullptr, nullptr, reinterpret_cast<BYTE*>(data), &room);
+    if (size)
+        *size = static_cast<LONG>(room);
+    RegCloseKey(below);
+    return error;
 }
 
 LONG RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size)

@@ -10,12 +10,14 @@ enum class HKEY : std::uintptr_t
     Null = 0
 };
 
+inline constexpr HKEY HKEY_CLASSES_ROOT = static_cast<HKEY>(0x80000000); // what opens which kind of file
 inline constexpr HKEY HKEY_CURRENT_USER = static_cast<HKEY>(0x80000001);
 inline constexpr HKEY HKEY_LOCAL_MACHINE = static_cast<HKEY>(0x80000002);
 
 inline constexpr DWORD REG_SZ = 1;
 
 // Rights of an open key, under their published numbers.
+inline constexpr DWORD KEY_QUERY_VALUE = 0x00001;
 inline constexpr DWORD KEY_READ_WRITE = 0x2001F;
 inline constexpr DWORD KEY_ALL_ACCESS = 0xF003F;
 
@@ -42,6 +44,8 @@ LONG RegDeleteKeyA(HKEY key, const char* subKey);
 // *size is the room in bytes on the way in, and what the value needs with its terminating zero on the way out. With too
 // little room the answer is ERROR_INSUFFICIENT_BUFFER and `data` is untouched. `data` may be null to ask for the size.
 LONG RegQueryValueExA(HKEY key, const char* name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
+// The same for the default value of a key below (or of the key itself, for null), which must have one.
+LONG RegQueryValueA(HKEY key, const char* subKey, char* data, LONG* size);
 LONG RegSetValueExA(HKEY key, const char* name, DWORD reserved, DWORD type, const BYTE* data, DWORD size);
 LONG RegCloseKey(HKEY key);
 

@@ -1,49 +1,18 @@
-#include "TestDialog.h"
-
 #include "platform/shell/Shell.h"
-#include "platform/testing/TempHome.h"
+
+#include "platform/system/LastError.h"
+#include "platform/testing/RecordingPrograms.h"
+#include "platform/window/Messages.h"
 
 #include <filesystem>
+#include <gtest/gtest.h>
 
 namespace fs = std::filesystem;
 
+using Words = std::vector<std::string>;
+
 namespace
 {
-
-// A folder in front of PATH with an xdg-open that writes down what it was given.
-class FakeDesktop
-{
-public:
-    FakeDesktop() : m_path(getenv("PATH"))
-    {
-        m_home.Write("bin/xdg-open",
-                     "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$1\" > \"$0.tmp\" && mv \"$0.tmp\" \"$0.args\"\n");
-        fs::permissions(m_home.Path("bin/xdg-open"), fs::perms::owner_all);
-        setenv("PATH", (m_home.Path("bin") + ':' + m_path).c_str(), 1);
-    }
-    ~FakeDesktop()
-    {
-        setenv("PATH", m_path.c_str(), 1);
-    }
-
-    const TempHome& Home() const
-    {
-        return m_home;
-    }
-    // What the program got, once it has run.
-    std::string Arguments() const
-    {
-        if (!ServeMessagesUntil([this] { return m_home.Exists("bin/xdg-open.args"); }))
-            return "never started";
-        const std::string arguments = m_home.Read("bin/xdg-open.args");
-        fs::remove(m_home.Path("bin/xdg-open.args"));
-        return arguments;
-    }
-
-private:
-    std::string m_path;
-    TempHome m_home;
-};
 
 long Open(const std::string& file, const char* verb = "open", const char* parameters = nullptr)
 {
@@ -54,31 +23,72 @@ long Open(const std::string& file, const char* verb = "open", const char* parame
 
 TEST(Shell, TheDesktopsProgramGetsExactlyTheName)
 {
-    const FakeDesktop desktop;
+    const TempHome home;
+    const RecordingPrograms programs(home, {"xdg-open"});
     for (const char* name :
          {"plain", "two words", "-dash", "--help", "quote'\"s", "$(touch injected)", "a;b|c&d", "%41"})
     {
-        const std::string file = desktop.Home().Path(name);
-        desktop.Home().Write(name, "");
+        const std::string file = home.Path(name);
+        home.Write(name, "");
         EXPECT_GT(Open(file, "explore"), 32) << name;
-        EXPECT_EQ(desktop.Arguments(), "1\n" + file + "\n");
+        EXPECT_EQ(programs.Arguments("xdg-open"), Words{file});
     }
     EXPECT_FALSE(fs::exists("injected"));
     const std::string address = "http://127.0.0.1/a?b=1&c=$(touch injected)";
     EXPECT_GT(Open(address), 32);
-    EXPECT_EQ(desktop.Arguments(), "1\n" + address + "\n");
+    EXPECT_EQ(programs.Arguments("xdg-open"), Words{address});
 }
 
 TEST(Shell, WhatCannotBeOpenedFails)
 {
-    const FakeDesktop desktop;
-    EXPECT_LE(Open(desktop.Home().Path("missing")), 32);
+    const TempHome home;
+    const RecordingPrograms programs(home, {"xdg-open"});
+    EXPECT_LE(Open(home.Path("missing")), 32);
     EXPECT_LE(Open("--version"), 32);
     EXPECT_LE(Open(""), 32);
-    EXPECT_LE(Open(desktop.Home().Folder(), "print"), 32);
-    EXPECT_LE(Open(desktop.Home().Folder(), "open", "parameters"), 32);
+    EXPECT_LE(Open(home.Folder(), "print"), 32);
+    EXPECT_LE(Open(home.Folder(), "open", "parameters"), 32);
     EXPECT_LE(ShellExecuteA({}, "open", nullptr, nullptr, nullptr, SW_SHOW), 32);
-    fs::remove(desktop.Home().Path("bin/xdg-open"));
-    setenv("PATH", desktop.Home().Path("bin").c_str(), 1);
-    EXPECT_LE(Open(desktop.Home().Folder()), 32);
+    fs::remove(programs.Path("xdg-open"));
+    EXPECT_LE(Open(home.Folder()), 32);
+    EXPECT_FALSE(programs.HasRun("xdg-open"));
+}
+
+TEST(Shell, ACommandLineIsPartedIntoWordsAndNothingElse)
+{
+    const TempHome home;
+    const RecordingPrograms programs(home, {"show", "two words"});
+    const std::pair<std::string, Words> cases[] = {
+        {"show a\tb  c ", {"a", "b", "c"}},
+        {"  show \"a b\" c\"d e\"f \"\"", {"a b", "cd ef", ""}},
+        {'"' + programs.Path("show") + "\" 'a b'", {"'a", "b'"}},
+        {"show $(id) `id` ; | > f & * ~ \\ %1 $HOME",
+         {"$(id)", "`id`", ";", "|", ">", "f", "&", "*", "~", "\\", "%1", "$HOME"}},
+        {"show -x http://h/a b \"c\" --d ", {"-x", "http://h/a b \"c\" --d "}},
+        {"show javascript:a \"b", {"javascript:a \"b"}},
+        {"show \"http://h/a b\" -c", {"http://h/a b", "-c"}},
+        {"show C: -:x :y", {"C:", "-:x", ":y"}},
+    };
+    for (const auto& [line, words] : cases)
+    {
+        EXPECT_GT(WinExec(line.c_str(), SW_SHOW), 31u) << line;
+        EXPECT_EQ(programs.Arguments("show"), words) << line;
+    }
+    EXPECT_GT(WinExec("\"two words\" \xFF", SW_SHOW), 31u);
+    EXPECT_EQ(programs.Arguments("two words"), Words{"\xFF"});
+}
+
+TEST(Shell, ACommandLineWithoutAProgramFails)
+{
+    const TempHome home;
+    const RecordingPrograms programs(home, {"show"});
+    home.Write("bin/text", "no program");
+    for (const char* line : {"", " \t", "\"\" a", "show \"a", "\"show", "http://show", "show:a", "  mailto:show"})
+    {
+        EXPECT_EQ(WinExec(line, SW_SHOW), ERROR_BAD_FORMAT) << line;
+    }
+    EXPECT_EQ(WinExec("missing a", SW_SHOW), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(WinExec((programs.Path("text") + " a").c_str(), SW_SHOW), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(WinExec(nullptr, SW_SHOW), ERROR_BAD_FORMAT);
+    EXPECT_FALSE(programs.HasRun("show"));
 }
