@@ -37,6 +37,23 @@ std::span<const TextEntry> TextResources()
         {IDS_HISTORY_WINDOW, "Download History"},
         {IDS_HISTORY, "Download History"},
         {IDS_HISTORY_REMOVED, "Download history has been removed."},
+        // A link that could not be opened, and why.
+        {IDS_LINK_FAILED, "Unable to open hyperlink:\n\n%s"},
+        {IDS_LINK_ERRORS + 0, "The operating system is out\nof memory or resources."},
+        {IDS_LINK_ERRORS + 2, "The specified file was not found."},
+        {IDS_LINK_ERRORS + 3, "The specified path was not found."},
+        {IDS_LINK_ERRORS + 5, "The operating system denied\naccess to the specified file."},
+        {IDS_LINK_ERRORS + 8, "There was not enough memory to complete the operation."},
+        {IDS_LINK_ERRORS + 11, "The .EXE file is invalid\n(non-Win32 .EXE or error in .EXE image)."},
+        {IDS_LINK_ERRORS + 26, "A sharing violation occurred. "},
+        {IDS_LINK_ERRORS + 27, "The filename association is\nincomplete or invalid."},
+        {IDS_LINK_ERRORS + 28, "The DDE transaction could not\nbe completed because the request timed out."},
+        {IDS_LINK_ERRORS + 29, "The DDE transaction failed."},
+        {IDS_LINK_ERRORS + 30,
+         "The DDE transaction could not\nbe completed because other DDE transactions\nwere being processed."},
+        {IDS_LINK_ERRORS + 31, "There is no application associated\nwith the given filename extension."},
+        {IDS_LINK_ERRORS + 32, "The specified dynamic-link library was not found."},
+        {IDS_LINK_ERROR_UNKNOWN, "Unknown Error (%d) occurred."},
         // Prompts of commands, and their tips.
         {ID_CLEAR_HISTORY, "Clear all download history\nClear all download history"},
         // Indicators of locked keys.

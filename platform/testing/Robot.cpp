@@ -125,6 +125,38 @@ void Robot::Press(const std::string& control, const std::string& window) const
     Deliver(m_deadline, aim);
 }
 
+void Robot::PointAt(const std::string& control, const std::string& window) const
+{
+    const auto aim = [&] {
+        QWidget* target = ControlNamed(control, window);
+        return RobotHands::Move(target, target->rect().center());
+    };
+    Deliver(m_deadline, aim);
+}
+
+bool Robot::HasHand(const std::string& control, const std::string& window) const
+{
+    return Await<bool>(m_deadline,
+                       [&] { return ControlNamed(control, window)->cursor().shape() == Qt::PointingHandCursor; });
+}
+
+std::vector<std::vector<DWORD>> Robot::Pixels(const std::string& control, const std::string& window) const
+{
+    const auto look = [&] {
+        const QImage picture = ControlNamed(control, window)->grab().toImage();
+        std::vector<std::vector<DWORD>> rows(static_cast<std::size_t>(picture.height()));
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+            {
+                const QRgb pixel = picture.pixel(x, y);
+                rows[static_cast<std::size_t>(y)].push_back(
+                    static_cast<DWORD>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16));
+            }
+        return rows;
+    };
+    return Await<std::vector<std::vector<DWORD>>>(m_deadline, look);
+}
+
 bool Robot::IsEnabled(const std::string& control, const std::string& window) const
 {
     return Await<bool>(m_deadline, [&] { return ControlNamed(control, window)->isEnabled(); });

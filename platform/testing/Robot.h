@@ -53,6 +53,12 @@ public:
     // Keys to the active window as a user presses them, "Alt+D", "Tab", "Shift+Tab", "Esc", "Return", "Space", "Menu".
     void Key(const std::string& keys) const;
 
+    // Moves the mouse over a control, its middle, and tells what shows of it: whether the pointer is a hand there, and
+    // its pixels as 0x00BBGGRR, row after row, at a scale of 100 %.
+    void PointAt(const std::string& control, const std::string& window = {}) const;
+    bool HasHand(const std::string& control, const std::string& window = {}) const;
+    std::vector<std::vector<DWORD>> Pixels(const std::string& control, const std::string& window = {}) const;
+
     // Clicks an edit and types over what stands there; the text in ASCII.
     void Type(const std::string& control, const std::string& text, const std::string& window = {}) const;
     bool IsChecked(const std::string& control, const std::string& window = {}) const; // a box or a radio button

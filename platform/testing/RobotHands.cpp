@@ -147,6 +147,12 @@ std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point
     });
 }
 
+std::shared_ptr<RobotStage::Delivery> Move(QWidget* target, const QPoint& point)
+{
+    const QPoint place = TakeAim(target, point);
+    return RobotStage::StartDelivery({MoveStep(target->window()->windowHandle(), place)});
+}
+
 std::shared_ptr<RobotStage::Delivery> DoubleClick(QWidget* target, const QPoint& point)
 {
     const QPoint place = TakeAim(target, point);

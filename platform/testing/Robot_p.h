@@ -107,6 +107,7 @@ namespace RobotHands
 // A press and a release of a mouse button at a point of `target`, which must be in front of everything else there.
 std::shared_ptr<RobotStage::Delivery> Click(QWidget* target, const QPoint& point, Qt::MouseButton button,
                                             Qt::KeyboardModifiers keys = {});
+std::shared_ptr<RobotStage::Delivery> Move(QWidget* target, const QPoint& point);
 std::shared_ptr<RobotStage::Delivery> DoubleClick(QWidget* target, const QPoint& point);
 // With the left button, `by` so many pixels.
 std::shared_ptr<RobotStage::Delivery> Drag(QWidget* target, const QPoint& point, const QPoint& by);

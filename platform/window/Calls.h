@@ -54,6 +54,8 @@ UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds);
 BOOL KillTimer(HWND window, UINT_PTR id);
 
 BOOL GetCursorPos(POINT* position);
+// The desktop's sound for what a box with that icon tells. Nothing on the console.
+BOOL MessageBeep(UINT type);
 
 // Shows a modal message box and waits for its answer (IDOK, IDYES, IDNO, IDCANCEL). Esc and the close box answer IDOK
 // on a box with OK alone, IDCANCEL where there is such a button, and IDNO to Yes/No. With a null owner the box is

@@ -11,6 +11,9 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
+#include <algorithm>
+#include <cmath>
+
 namespace
 {
 
@@ -51,6 +54,55 @@ QColor InactiveCaption(const QPalette& palette)
     return QColor((face.red() + mark.red()) / 2, (face.green() + mark.green()) / 2, (face.blue() + mark.blue()) / 2);
 }
 
+// As the rules for readable texts define it, 0 to 1.
+double Luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other)
+{
+    constexpr double kGlare = 0.05;
+    const auto [dark, bright] = std::minmax({Luminance(one), Luminance(other)});
+    return (bright + kGlare) / (dark + kGlare);
+}
+
+// The colour, brought near that of texts as far as it takes to be read: themes that are dark may leave links dark blue.
+QColor ReadableLink(const QPalette& palette, QPalette::ColorRole role)
+{
+    constexpr double kEnough = 4.5;
+    constexpr int kSteps = 10;
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor link = palette.color(role);
+    for (int step = 0; step < kSteps; ++step)
+    {
+        const auto mixed = [step](int from, int to) { return from + (to - from) * step / kSteps; };
+        const QColor color(mixed(link.red(), text.red()), mixed(link.green(), text.green()),
+                           mixed(link.blue(), text.blue()));
+        if (Contrast(color, palette.color(QPalette::Window)) >= kEnough)
+            return color;
+    }
+    return text;
+}
+
+QColor SystemColor(const QPalette& palette, int index)
+{
+    switch (index)
+    {
+    case COLOR_INACTIVECAPTION:
+        return InactiveCaption(palette);
+    case COLOR_HOTLIGHT:
+        return ReadableLink(palette, QPalette::Link);
+    case COLOR_VISITEDLINK:
+        return ReadableLink(palette, QPalette::LinkVisited);
+    default:
+        return palette.color(RoleOf(index));
+    }
+}
+
 // What a painter draws on, as pixels; null for a device that has none to look at.
 QImage PixelsOf(const QPainter& painter)
 {
@@ -70,8 +122,7 @@ int AlignmentOf(UINT format)
 
 COLORREF GetSysColor(int index)
 {
-    const QPalette palette = QApplication::palette();
-    return DesktopColor(index == COLOR_INACTIVECAPTION ? InactiveCaption(palette) : palette.color(RoleOf(index)));
+    return DesktopColor(SystemColor(QApplication::palette(), index));
 }
 
 CDC::CDC(std::unique_ptr<Surface> surface) : m_surface(std::move(surface))
@@ -112,6 +163,15 @@ COLORREF CDC::SetTextColor(COLORREF color)
     const COLORREF before = DesktopColor(m_surface->painter.pen().color());
     m_surface->painter.setPen(ToolkitColor(color));
     return before;
+}
+
+void CDC::SelectObject(const CFont* font)
+{
+    if (!m_surface || !font)
+        return;
+    QFont changed = m_surface->painter.font();
+    changed.setUnderline(font->GetLogFont().lfUnderline);
+    m_surface->painter.setFont(changed);
 }
 
 bool CDC::DrawIcon(int x, int y, HICON icon, int size)

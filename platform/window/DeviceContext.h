@@ -5,6 +5,7 @@
 #include "platform/window/Handle.h"
 
 #include "platform/Types.h"
+#include "platform/window/Font.h"
 
 #include <memory>
 #include <string>
@@ -19,6 +20,10 @@ inline constexpr int COLOR_CAPTIONTEXT = 9;
 inline constexpr int COLOR_3DFACE = 15; // of bars and buttons
 inline constexpr int COLOR_3DSHADOW = 16;
 inline constexpr int COLOR_3DHIGHLIGHT = 20;
+// Of links that were not followed yet, and of the others, which have no published number. Both are readable on
+// COLOR_3DFACE, whatever the palette has.
+inline constexpr int COLOR_HOTLIGHT = 26;
+inline constexpr int COLOR_VISITEDLINK = 0x100;
 COLORREF GetSysColor(int index);
 
 inline constexpr UINT DT_CENTER = 0x01;
@@ -28,6 +33,7 @@ inline constexpr UINT DT_NOPREFIX = 0x800;      // always so
 inline constexpr UINT DT_END_ELLIPSIS = 0x8000; // always so
 
 inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
+inline constexpr COLORREF CLR_DEFAULT = 0xFF000000; // for what takes a colour or the desktop's own
 
 // Text is drawn without a background, in the desktop's font and text colour: what the published operations would have
 // to be told by SetBkMode and SelectStockObject holds from the start.
@@ -45,6 +51,8 @@ public:
     void DrawText(const std::string& text, const RECT& rect, UINT format);
     // Of texts from now on; gives the colour so far.
     COLORREF SetTextColor(COLORREF color);
+    // Of texts from now on.
+    void SelectObject(const CFont* font);
     // At its big size, or at `size`. False if there is no such icon.
     bool DrawIcon(int x, int y, HICON icon, int size = 32);
     // What has been drawn there, the window's own background included; CLR_INVALID outside of what is being painted.

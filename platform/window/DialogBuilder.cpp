@@ -4,6 +4,7 @@
 #include "platform/window/ControlWidgets_p.h"
 #include "platform/window/DialogUnits_p.h"
 #include "platform/window/DialogWidget_p.h"
+#include "platform/window/LinkWidget_p.h"
 #include "platform/window/ListBoxWidget_p.h"
 #include "platform/window/ListWidget_p.h"
 #include "platform/window/TabWidget_p.h"
@@ -130,6 +131,8 @@ WindowPeer* DialogBuilder::MakeEdit(const ControlTemplate& control)
 
 WindowPeer* DialogBuilder::MakeLabel(const ControlTemplate& control)
 {
+    if (control.style & CS_NOTIFY)
+        return new LinkWidget(m_dialog);
     constexpr int kTwoLines = 16;
     auto* label = new LabelWidget(m_dialog);
     label->setWordWrap(control.height >= kTwoLines);

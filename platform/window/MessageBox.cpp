@@ -168,6 +168,11 @@ int MessageBoxA(HWND owner, const char* text, const char* caption, UINT type)
     return ShowMessageBox(owner, text ? text : "", caption ? caption : "Error", type);
 }
 
+BOOL MessageBeep(UINT)
+{
+    return !ConsoleDesktop::Current() && RunOnDesktop(&QApplication::beep);
+}
+
 int AfxMessageBox(const std::string& text, UINT type)
 {
     return ShowMessageBox({}, text, ApplicationName(), type);

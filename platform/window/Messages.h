@@ -10,6 +10,8 @@ inline constexpr UINT WM_DESTROY = 0x0002;
 inline constexpr UINT WM_SIZE = 0x0005;  // to frames, views and splitters; LPARAM: SizeFromLParam
 inline constexpr UINT WM_PAINT = 0x000F; // sent inside the toolkit's painting: draw through CPaintDC only
 inline constexpr UINT WM_CLOSE = 0x0010;
+inline constexpr UINT WM_ERASEBKGND = 0x0014; // to labels that notify; WPARAM: the CDC to draw on
+inline constexpr UINT WM_SETCURSOR = 0x0020;  // see Cursor.h; an answer other than 0: the shape is set
 inline constexpr UINT WM_QUERYDRAGICON = 0x0037;
 inline constexpr UINT WM_NOTIFY = 0x004E;
 inline constexpr UINT WM_SETICON = 0x0080;
@@ -18,11 +20,17 @@ inline constexpr UINT WM_INITDIALOG = 0x0110;
 inline constexpr UINT WM_COMMAND = 0x0111;
 inline constexpr UINT WM_SYSCOMMAND = 0x0112;
 inline constexpr UINT WM_TIMER = 0x0113;
-inline constexpr UINT WM_MOUSEMOVE = 0x0200; // this and the next two to views and splitters; LPARAM: PointFromLParam
+inline constexpr UINT WM_MOUSEMOVE =
+    0x0200; // this and the next two to views, splitters and labels that notify; LPARAM: PointFromLParam
 inline constexpr UINT WM_LBUTTONDOWN = 0x0201;
 inline constexpr UINT WM_LBUTTONUP = 0x0202;
 inline constexpr WPARAM MK_LBUTTON = 1; // of a mouse message: the button is held
 inline constexpr UINT WM_USER = 0x0400;
+
+// What a label that notifies is told itself, before its parent is. Asked for its colours, it sets them, and its font,
+// on the CDC of WPARAM; the answer is not read.
+inline constexpr UINT OCM_COMMAND = WM_USER + 0x1C00 + WM_COMMAND;
+inline constexpr UINT OCM_CTLCOLORSTATIC = WM_USER + 0x1C00 + 0x0138;
 
 inline constexpr UINT EM_SETSEL = 0x00B1;    // WPARAM, LPARAM: from and to; 0 and -1 are all
 inline constexpr UINT EM_LIMITTEXT = 0x00C5; // WPARAM: characters that the user may type; 0: any number
@@ -64,6 +72,7 @@ inline constexpr int VK_CONTROL = 0x11;
 inline constexpr int VK_ESCAPE = 0x1B;
 
 inline constexpr UINT BN_CLICKED = 0;
+inline constexpr UINT STN_CLICKED = 0;    // of labels that notify
 inline constexpr UINT EN_CHANGE = 0x0300; // the user changed the text of an edit; what the program sets is not told
 
 inline constexpr UINT NM_DBLCLK = static_cast<UINT>(-3);

@@ -35,6 +35,7 @@ inline constexpr DWORD CS_READONLY = 0x4; // an edit that shows, selects and cop
 inline constexpr DWORD CS_DEFAULT = 0x8;  // the button that Enter presses
 inline constexpr DWORD CS_NUMBER = 0x10;  // an edit for digits alone
 inline constexpr DWORD CS_NOTAB = 0x20;   // not reached by Tab
+inline constexpr DWORD CS_NOTIFY = 0x100; // a label, of one line and without a mnemonic, that can be pressed: a link
 
 // The number of controls that nobody names: labels, pictures.
 inline constexpr int kUnnamedControl = 0xFFFF;

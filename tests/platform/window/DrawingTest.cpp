@@ -4,6 +4,9 @@
 #include "platform/window/ImageList.h"
 #include "platform/window/PaintDC.h"
 
+#include <QApplication>
+#include <QPalette>
+
 namespace
 {
 
@@ -77,4 +80,22 @@ TEST(Drawing, FindsThePixelsThatStandThereAndDrawsOverThem)
     EXPECT_EQ(face, CLR_INVALID);
     for (const int background : {COLOR_INACTIVECAPTION, COLOR_3DFACE})
         EXPECT_GT(std::abs(Brightness(GetSysColor(COLOR_CAPTIONTEXT)) - Brightness(GetSysColor(background))), 255);
+}
+
+TEST(Drawing, LinksAreReadableInBrightAndDarkPalettes)
+{
+    const QPalette before = QApplication::palette();
+    for (const char* face : {"#ffffff", "#efefef", "#808080", "#202020", "#000000"})
+    {
+        const QColor color(face);
+        QPalette palette(color, color);
+        palette.setColor(QPalette::Link, Qt::blue);
+        palette.setColor(QPalette::LinkVisited, Qt::darkMagenta);
+        QApplication::setPalette(palette);
+        for (const int link : {COLOR_HOTLIGHT, COLOR_VISITEDLINK})
+            EXPECT_GT(std::abs(Brightness(GetSysColor(link)) - Brightness(GetSysColor(COLOR_3DFACE))), 255)
+                << face << ' ' << link;
+    }
+    QApplication::setPalette(before);
+    EXPECT_NE(GetSysColor(COLOR_HOTLIGHT), GetSysColor(COLOR_VISITEDLINK));
 }

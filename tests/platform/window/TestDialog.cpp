@@ -29,6 +29,12 @@ constexpr ControlTemplate kSmall[] = {
     {ControlClass::Button, IDOK, 6, 6, 60, 16, CS_DEFAULT, "OK"},
 };
 
+constexpr ControlTemplate kLink[] = {
+    {ControlClass::Edit, IDC_NAME, 6, 6, 90, 14, CS_NONE, {}, "Name"},
+    {ControlClass::Label, IDC_LINK, 6, 24, 90, 10, CS_NOTIFY, "More of this"},
+    {ControlClass::Button, IDOK, 6, 40, 60, 16, CS_DEFAULT, "OK"},
+};
+
 constexpr ControlTemplate kFirst[] = {
     {ControlClass::Edit, IDC_NAME, 6, 6, 90, 14, CS_NONE, {}, "Name"},
     {ControlClass::CheckBox, IDC_BOX, 6, 24, 60, 12, CS_NONE, "Tic&k me"},
@@ -43,6 +49,7 @@ constexpr DialogTemplate kDialogs[] = {
     {IDD_FORM, 216, 134, DS_SYSMENU | DS_MINIMIZEBOX, "Form", kForm},
     {IDD_LIST, 252, 154, DS_SYSMENU, "List", kList},
     {IDD_SMALL, 100, 28, DS_SYSMENU, "Small", kSmall},
+    {IDD_LINK, 110, 60, DS_SYSMENU, "Link", kLink},
     {IDD_FIRST, 100, 40, DS_NONE, "First", kFirst},
     {IDD_WIDE, 240, 28, DS_NONE, "Wide", kWide},
 };

@@ -19,6 +19,7 @@ inline constexpr int IDD_LIST = 101; // a list
 inline constexpr int IDD_SMALL = 102;
 inline constexpr int IDD_FIRST = 103; // pages of a sheet
 inline constexpr int IDD_WIDE = 104;
+inline constexpr int IDD_LINK = 105;
 inline constexpr int IDR_MENU = 200;
 inline constexpr int IDR_FRAME = 201; // menu and tool bar of a frame
 inline constexpr int IDR_IMAGES = 202;
@@ -34,6 +35,7 @@ inline constexpr int IDC_BAR = 1007;
 inline constexpr int IDC_STATUS = 1008;
 inline constexpr int IDC_LIST = 1009;
 inline constexpr int IDC_ROWS = 1010;
+inline constexpr int IDC_LINK = 1011;
 
 inline constexpr UINT ID_FIRST = 300;
 inline constexpr UINT ID_GREYED = 301;
