@@ -1,10 +1,10 @@
 #include "download/DownloadRun.h"
 
 #include "base/FormatText.h"
+#include "base/InternetHandles.h"
 #include "base/Paths.h"
 #include "base/UrlList.h"
 #include "download/CacheLookup.h"
-#include "download/InternetHandles.h"
 #include "download/LocalName.h"
 #include "download/ProgressFields.h"
 #include "download/SizeFilter.h"

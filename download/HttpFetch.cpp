@@ -1,7 +1,7 @@
 #include "download/DownloadRun.h"
 
+#include "base/InternetHandles.h"
 #include "base/Paths.h"
-#include "download/InternetHandles.h"
 #include "download/ProgressFields.h"
 
 #include "platform/files/File.h"

@@ -8,6 +8,8 @@
 // changed is not sent again.
 #pragma once
 
+#include "base/RefreshFields.h"
+
 #include "platform/window/Controls.h"
 
 #include <functional>
@@ -15,9 +17,6 @@
 #include <string>
 
 class CDataExchange;
-
-// Asks a window to move the texts into its controls; wParam and lParam are 0.
-inline constexpr UINT WM_REFRESH_FIELDS = WM_USER + 0x1000;
 
 class CProgressFields
 {

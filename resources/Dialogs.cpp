@@ -42,6 +42,15 @@ constexpr ControlTemplate kProgress[] = {
     {Label, IDC_TRANSFER_PERCENT, 67, 78, 206, 9, CS_NOTAB},
 };
 
+// The hidden button takes the place of the other when there is something to download.
+constexpr ControlTemplate kVersion[] = {
+    {Label, IDC_STATIC, 7, 9, 70, 9, CS_NOTAB, "Current Version: "},
+    {Label, IDC_VERSION_OWN, 79, 9, 60, 9, CS_NOTAB, "", "Current Version"},
+    {Label, IDC_VERSION_INFO, 7, 25, 206, 18, CS_NOTAB, "", "Result"},
+    {Button, IDC_VERSION_DOWNLOAD, 141, 51, 72, 15, CS_HIDDEN, "&Download Now"},
+    {Button, IDCANCEL, 141, 51, 72, 15, CS_DEFAULT, "&Cancel"},
+};
+
 } // namespace
 
 std::span<const DialogTemplate> DialogResources()
@@ -50,6 +59,7 @@ std::span<const DialogTemplate> DialogResources()
         {IDD_MAIN, 440, 224, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kMain},
         {IDD_PROGRESS, 280, 117, DS_SYSMENU, "Vantroy", kProgress},
         {IDD_BATCH, 280, 117, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kProgress},
+        {IDD_VERSION, 220, 73, DS_SYSMENU, "Check for new version of Vantroy", kVersion},
     };
     return dialogs;
 }

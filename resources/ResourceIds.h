@@ -14,6 +14,7 @@ inline constexpr int IDB_FILE = 134;
 inline constexpr int IDD_MAIN = 102;
 inline constexpr int IDD_PROGRESS = 103;
 inline constexpr int IDD_BATCH = 104;
+inline constexpr int IDD_VERSION = 160;
 
 // A control that nobody names.
 inline constexpr int IDC_STATIC = 0xFFFF;
@@ -36,6 +37,11 @@ inline constexpr int IDC_TRANSFER_SIZE = 1022;
 inline constexpr int IDC_TRANSFER_BAR = 1023;
 inline constexpr int IDC_TRANSFER_PERCENT = 1024;
 inline constexpr int IDC_CANCEL_CURRENT = 1025;
+
+// Controls of the version check.
+inline constexpr int IDC_VERSION_OWN = 1100;
+inline constexpr int IDC_VERSION_INFO = 1101;
+inline constexpr int IDC_VERSION_DOWNLOAD = 1102;
 
 // Controls of the history window.
 inline constexpr int IDC_HISTORY_TOOLBAR = 101;
@@ -93,6 +99,13 @@ inline constexpr int IDS_SIZE_KB = 127;
 inline constexpr int IDS_LINK_ERRORS = 400; // and the code up to 32 of the platform: why a link could not be opened
 inline constexpr int IDS_LINK_ERROR_UNKNOWN = 433;
 inline constexpr int IDS_LINK_FAILED = 434;
+inline constexpr int IDS_VERSION_NUMBER = 440;
+inline constexpr int IDS_VERSION_CONNECTING = 441;
+inline constexpr int IDS_VERSION_NO_SERVER = 442;
+inline constexpr int IDS_VERSION_NO_ANSWER = 443;
+inline constexpr int IDS_VERSION_NEWER = 444;
+inline constexpr int IDS_VERSION_LATEST = 445;
+inline constexpr int IDS_VERSION_OK = 446;
 inline constexpr int IDS_HISTORY_WINDOW = 32778;
 inline constexpr int IDS_HISTORY = 32779;
 inline constexpr int IDS_HISTORY_REMOVED = 32782;

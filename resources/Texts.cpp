@@ -54,6 +54,13 @@ std::span<const TextEntry> TextResources()
         {IDS_LINK_ERRORS + 31, "There is no application associated\nwith the given filename extension."},
         {IDS_LINK_ERRORS + 32, "The specified dynamic-link library was not found."},
         {IDS_LINK_ERROR_UNKNOWN, "Unknown Error (%d) occurred."},
+        {IDS_VERSION_NUMBER, "%d.%d.%d"},
+        {IDS_VERSION_CONNECTING, "Connecting download server, please wait..."},
+        {IDS_VERSION_NO_SERVER, "Unable to connect to download server"},
+        {IDS_VERSION_NO_ANSWER, "Unable to query version information."},
+        {IDS_VERSION_NEWER, "Version %d.%d.%d is available now, click the button below to download."},
+        {IDS_VERSION_LATEST, "You already have the latest version of Vantroy."},
+        {IDS_VERSION_OK, "&OK"},
         // Prompts of commands, and their tips.
         {ID_CLEAR_HISTORY, "Clear all download history\nClear all download history"},
         // Indicators of locked keys.

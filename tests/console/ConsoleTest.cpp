@@ -108,7 +108,7 @@ TEST(Console, EndsWithAStatusThatTellsHowItWent)
          "",
          "vantroy: no display for the main window; --all and --current do without one, see --help\n"},
         {{.scenario = "one", .arguments = {"--foo\x1b"}}, 2, "", "vantroy: unknown option --foo\uFFFD; see --help\n"},
-        {{.scenario = "one", .arguments = {"--all", "--version"}}, 0, "Vantroy 1.0.0\n", ""},
+        {{.scenario = "one", .arguments = {"--all", "--version"}}, 0, "Vantroy 1.2.0\n", ""},
     };
     for (const Row& row : rows)
     {
