@@ -3,6 +3,7 @@
 #include "app/MainDlg.h"
 
 #include "resources/ResourceIds.h"
+#include "settings/SettingsSheet.h"
 
 #include "platform/window/Resource.h"
 
@@ -77,7 +78,9 @@ void CMainDlg::OnFetchEnds()
 }
 
 void CMainDlg::OnSetup()
-{}
+{
+    RunSettingsSheet(m_setting);
+}
 
 CDownloadRun& CMainDlg::Run()
 {

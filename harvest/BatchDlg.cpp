@@ -3,6 +3,7 @@
 #include "download/ProgressDlg.h"
 #include "harvest/BrowserWindows.h"
 #include "resources/ResourceIds.h"
+#include "settings/SettingsSheet.h"
 
 #include "platform/com/ComError.h"
 #include "platform/window/Calls.h"
@@ -144,7 +145,9 @@ void CBatchDlg::OnFetchEnds()
 }
 
 void CBatchDlg::OnSetup()
-{}
+{
+    RunSettingsSheet(m_setting);
+}
 
 CDownloadRun& CBatchDlg::Run()
 {

@@ -51,6 +51,51 @@ constexpr ControlTemplate kVersion[] = {
     {Button, IDCANCEL, 141, 51, 72, 15, CS_DEFAULT, "&Cancel"},
 };
 
+// The units behind the numbers say nothing alone, so the numbers carry the name of their box.
+constexpr ControlTemplate kDownloadSet[] = {
+    {GroupBox, IDC_STATIC, 7, 4, 250, 36, CS_NOTAB, "Download Management"},
+    {Label, IDC_STATIC, 14, 19, 50, 9, CS_NOTAB, "Save Folder:"},
+    {Edit, IDC_SAVE_FOLDER, 66, 16, 162, 14},
+    {Button, IDC_BROWSE, 232, 16, 18, 14, CS_NONE, "...", "Browse for the save folder"},
+    {GroupBox, IDC_STATIC, 7, 44, 250, 142, CS_NOTAB, "Download Filter"},
+    {CheckBox, IDC_LIMIT_SIZE, 14, 56, 236, 11, CS_NONE, "Limit Download File Size"},
+    {CheckBox, IDC_BIG_THAN, 26, 71, 86, 11, CS_NONE, "Download files >"},
+    {Edit, IDC_BIG_THAN_KB, 114, 69, 52, 14, CS_NONE, "", "Download files >, in KB"},
+    {Label, IDC_BIG_THAN_UNIT, 170, 72, 20, 9, CS_NOTAB, "KB."},
+    {CheckBox, IDC_SMALL_THAN, 26, 88, 86, 11, CS_NONE, "Download files <"},
+    {Edit, IDC_SMALL_THAN_KB, 114, 86, 52, 14, CS_NONE, "", "Download files <, in KB"},
+    {Label, IDC_SMALL_THAN_UNIT, 170, 89, 20, 9, CS_NOTAB, "KB."},
+    {CheckBox, IDC_LIMIT_RESOLUTION, 14, 106, 236, 11, CS_NONE, "Limit Images' Resolution"},
+    {CheckBox, IDC_PRESET, 26, 120, 66, 11, CS_NONE, "640x480"},
+    {CheckBox, IDC_PRESET + 1, 98, 120, 66, 11, CS_NONE, "800x600"},
+    {CheckBox, IDC_PRESET + 2, 170, 120, 66, 11, CS_NONE, "1024x768"},
+    {CheckBox, IDC_PRESET + 3, 26, 134, 66, 11, CS_NONE, "1280x768"},
+    {CheckBox, IDC_PRESET + 4, 98, 134, 66, 11, CS_NONE, "1600x1200"},
+    {Button, IDC_MORE, 170, 133, 60, 14, CS_NONE, "More..."},
+    {Label, IDC_STATIC, 14, 154, 236, 9, CS_NOTAB, "Download Type"},
+    {CheckBox, IDC_IMAGES, 26, 167, 66, 11, CS_NONE, "Images"},
+    {CheckBox, IDC_MP3, 98, 167, 66, 11, CS_NONE, "MP3 Music"},
+    {CheckBox, IDC_FLASH, 170, 167, 66, 11, CS_NONE, "Flash Files"},
+};
+
+constexpr ControlTemplate kGeneral[] = {
+    {GroupBox, IDC_STATIC, 7, 4, 250, 56, CS_NOTAB, "Customize Browser"},
+    {Button, IDC_ADD_BUTTON, 14, 18, 140, 15, CS_NONE, "&Add Shortcut to Toolbar"},
+    {Button, IDC_REMOVE_BUTTON, 14, 37, 140, 15, CS_NONE, "&Remove Shortcut from Toolbar"},
+};
+
+// Enter in a number adds it.
+constexpr ControlTemplate kResolutions[] = {
+    {Label, IDC_STATIC, 7, 10, 10, 9, CS_NOTAB, "X:"},
+    {Edit, IDC_RESOLUTION_X, 19, 7, 36, 14},
+    {Label, IDC_STATIC, 62, 10, 10, 9, CS_NOTAB, "Y:"},
+    {Edit, IDC_RESOLUTION_Y, 74, 7, 36, 14},
+    {Button, IDC_ADD, 118, 7, 60, 14, CS_DEFAULT, "&Add"},
+    {ListBox, IDC_RESOLUTION_LIST, 7, 26, 104, 104, CS_NONE, "", "Resolutions"},
+    {Button, IDC_REMOVE, 118, 26, 60, 14, CS_NONE, "&Remove"},
+    {Button, IDOK, 118, 116, 60, 14, CS_NONE, "&OK"},
+};
+
 } // namespace
 
 std::span<const DialogTemplate> DialogResources()
@@ -60,6 +105,9 @@ std::span<const DialogTemplate> DialogResources()
         {IDD_PROGRESS, 280, 117, DS_SYSMENU, "Vantroy", kProgress},
         {IDD_BATCH, 280, 117, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kProgress},
         {IDD_VERSION, 220, 73, DS_SYSMENU, "Check for new version of Vantroy", kVersion},
+        {IDD_DOWNLOAD_SET, 264, 192, DS_NONE, "Download Setting", kDownloadSet},
+        {IDD_GENERAL, 264, 192, DS_NONE, "System Setting", kGeneral},
+        {IDD_RESOLUTIONS, 185, 137, DS_SYSMENU, "Resolution Capacity List", kResolutions},
     };
     return dialogs;
 }

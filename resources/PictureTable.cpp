@@ -13,6 +13,8 @@ std::span<const PictureEntry> PictureResources()
         {IDB_DAY, pictures::kDay},
         {IDB_PAGE, pictures::kPage},
         {IDB_FILE, pictures::kFile},
+        {IDB_SETTINGS, pictures::kSettings},
+        {IDB_SETTINGS_PAGE, pictures::kSettingsPage},
     };
     return entries;
 }
@@ -27,6 +29,7 @@ std::span<const ToolBarTemplate> ToolBarResources()
 std::span<const ImageStrip> ImageStripResources()
 {
     static constexpr int levels[] = {IDB_HISTORY, IDB_DAY, IDB_PAGE, IDB_FILE};
-    static constexpr ImageStrip strips[] = {{IDR_HISTORY_LEVELS, levels}};
+    static constexpr int settings[] = {IDB_SETTINGS, IDB_SETTINGS_PAGE};
+    static constexpr ImageStrip strips[] = {{IDR_HISTORY_LEVELS, levels}, {IDR_SETTINGS, settings}};
     return strips;
 }

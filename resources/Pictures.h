@@ -14,4 +14,6 @@ extern const std::string_view kHistory;
 extern const std::string_view kDay;
 extern const std::string_view kPage;
 extern const std::string_view kFile;
+extern const std::string_view kSettings;
+extern const std::string_view kSettingsPage;
 } // namespace pictures

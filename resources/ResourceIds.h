@@ -9,12 +9,17 @@ inline constexpr int IDB_HISTORY = 131;
 inline constexpr int IDB_DAY = 132;
 inline constexpr int IDB_PAGE = 133;
 inline constexpr int IDB_FILE = 134;
+inline constexpr int IDB_SETTINGS = 135;
+inline constexpr int IDB_SETTINGS_PAGE = 136;
 
 // Dialogs.
 inline constexpr int IDD_MAIN = 102;
 inline constexpr int IDD_PROGRESS = 103;
 inline constexpr int IDD_BATCH = 104;
 inline constexpr int IDD_VERSION = 160;
+inline constexpr int IDD_DOWNLOAD_SET = 105;
+inline constexpr int IDD_GENERAL = 106;
+inline constexpr int IDD_RESOLUTIONS = 107;
 
 // A control that nobody names.
 inline constexpr int IDC_STATIC = 0xFFFF;
@@ -47,6 +52,37 @@ inline constexpr int IDC_VERSION_DOWNLOAD = 1102;
 inline constexpr int IDC_HISTORY_TOOLBAR = 101;
 inline constexpr int IDC_HISTORY_TREE = 102;
 inline constexpr int IDC_HISTORY_LIST = 103;
+
+// Controls of the download settings; the preset resolutions follow each other.
+inline constexpr int IDC_SAVE_FOLDER = 1030;
+inline constexpr int IDC_BROWSE = 1031;
+inline constexpr int IDC_LIMIT_SIZE = 1032;
+inline constexpr int IDC_BIG_THAN = 1033;
+inline constexpr int IDC_BIG_THAN_KB = 1034;
+inline constexpr int IDC_BIG_THAN_UNIT = 1035;
+inline constexpr int IDC_SMALL_THAN = 1036;
+inline constexpr int IDC_SMALL_THAN_KB = 1037;
+inline constexpr int IDC_SMALL_THAN_UNIT = 1038;
+inline constexpr int IDC_LIMIT_RESOLUTION = 1039;
+inline constexpr int IDC_PRESET = 1040; // to 1044
+inline constexpr int IDC_MORE = 1045;
+inline constexpr int IDC_IMAGES = 1046;
+inline constexpr int IDC_MP3 = 1047;
+inline constexpr int IDC_FLASH = 1048;
+
+// Controls of the list of resolutions.
+inline constexpr int IDC_RESOLUTION_X = 1050;
+inline constexpr int IDC_RESOLUTION_Y = 1051;
+inline constexpr int IDC_RESOLUTION_LIST = 1052;
+inline constexpr int IDC_ADD = 1053;
+inline constexpr int IDC_REMOVE = 1054;
+
+// Controls of the system settings.
+inline constexpr int IDC_ADD_BUTTON = 1060;
+inline constexpr int IDC_REMOVE_BUTTON = 1061;
+
+// Icons of the settings: of a page, and of one that has none.
+inline constexpr int IDR_SETTINGS = 140;
 
 // Menu and tool bar of the history window, and its pictures of levels.
 inline constexpr int IDR_HISTORY = 167;
@@ -106,6 +142,12 @@ inline constexpr int IDS_VERSION_NO_ANSWER = 443;
 inline constexpr int IDS_VERSION_NEWER = 444;
 inline constexpr int IDS_VERSION_LATEST = 445;
 inline constexpr int IDS_VERSION_OK = 446;
+inline constexpr int IDS_CONFIGURATION = 128;
+inline constexpr int IDS_NO_DOWNLOAD_FOLDER = 129;
+inline constexpr int IDS_ENTER_RESOLUTION = 130;
+inline constexpr int IDS_SELECT_RESOLUTION = 131;
+inline constexpr int IDS_BUTTON_ADDED = 132;
+inline constexpr int IDS_BUTTON_REMOVED = 133;
 inline constexpr int IDS_HISTORY_WINDOW = 32778;
 inline constexpr int IDS_HISTORY = 32779;
 inline constexpr int IDS_HISTORY_REMOVED = 32782;

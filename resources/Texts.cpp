@@ -34,6 +34,13 @@ std::span<const TextEntry> TextResources()
         {IDS_COLUMN_PATH, "Path"},
         {IDS_COLUMN_ADDRESS, "Download URl"},
         {IDS_SIZE_KB, "%d KB"},
+        {IDS_CONFIGURATION, "Configuration..."},
+        {IDS_NO_DOWNLOAD_FOLDER, "Failed to create download folder.\nThere maybe a file has the same name."},
+        {IDS_ENTER_RESOLUTION, "Please enter an image resolution capacity item."},
+        {IDS_SELECT_RESOLUTION, "Please select a resolusion capacity item to remove."},
+        {IDS_BUTTON_ADDED, "Program shortcut icon has been added to browser's toolbar.\n"
+                           "You need to restart browser to make it work."},
+        {IDS_BUTTON_REMOVED, "Program shortcut icon has been removed.\nYou need to restart browser to make it work."},
         {IDS_HISTORY_WINDOW, "Download History"},
         {IDS_HISTORY, "Download History"},
         {IDS_HISTORY_REMOVED, "Download history has been removed."},

@@ -31,10 +31,7 @@ BOOL CFileFind::FindFile(const std::string& pattern)
     m_next = 0;
     m_folder = pattern.substr(0, pattern.rfind(kPathSeparator) + 1);
     if (pattern.substr(m_folder.size()) != kAll)
-    {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
-    }
+        return FindOne(pattern.substr(m_folder.size()));
     const std::unique_ptr<DIR, FolderCloser> folder(opendir(NativePath(m_folder).c_str()));
     if (!folder)
     {
@@ -45,6 +42,18 @@ BOOL CFileFind::FindFile(const std::string& pattern)
         m_names.push_back(PathFromNative(entry->d_name));
     std::ranges::sort(m_names);
     return !m_names.empty();
+}
+
+BOOL CFileFind::FindOne(const std::string& name)
+{
+    CFileStatus status;
+    if (name.empty() || !CFile::GetStatus(m_folder + name, status))
+    {
+        SetLastError(ERROR_FILE_NOT_FOUND);
+        return FALSE;
+    }
+    m_names = {name};
+    return TRUE;
 }
 
 BOOL CFileFind::FindNextFile()

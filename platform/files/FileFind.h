@@ -17,8 +17,9 @@
 class CFileFind
 {
 public:
-    // `pattern` is a folder, with the separator and "*.*" behind it, which names all entries, "." and ".." too; no
-    // other pattern is offered. FALSE if the folder cannot be read or has no entries.
+    // `pattern` is a folder, with the separator and "*.*" behind it, which names all entries, "." and ".." too; FALSE
+    // if the folder cannot be read or has no entries. Any other text is the path of the one entry: FALSE if it does not
+    // exist, and for a text that is empty or ends in the separator.
     BOOL FindFile(const std::string& pattern);
     BOOL FindNextFile();
 
@@ -33,6 +34,8 @@ public:
     BOOL IsDirectory() const;
 
 private:
+    BOOL FindOne(const std::string& name);
+
     std::string m_folder; // with the separator at its end
     std::vector<std::string> m_names;
     std::size_t m_next = 0;

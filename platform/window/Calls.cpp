@@ -1,5 +1,6 @@
 #include "platform/window/Calls.h"
 
+#include "platform/window/Creation_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/KeyFilter_p.h"
 #include "platform/window/ProgressWords_p.h"
@@ -113,6 +114,13 @@ bool IsWindowVisible(HWND window)
     return WithWidget(window, [](QWidget& widget) { return widget.isVisible(); });
 }
 
+LONG GetWindowLongA(HWND window, int index)
+{
+    return WithWidget(window, [index](QWidget& widget) {
+        return index == GWL_STYLE && !widget.isHidden() ? static_cast<LONG>(WS_VISIBLE) : 0;
+    });
+}
+
 bool IsWindowEnabled(HWND window)
 {
     return WithWidget(window,
@@ -163,6 +171,18 @@ BOOL GetWindowRect(HWND window, RECT* area)
     return WithWidget(window, [area](QWidget& widget) {
         const QPoint corner = widget.mapToGlobal(QPoint());
         *area = {corner.x(), corner.y(), corner.x() + widget.width(), corner.y() + widget.height()};
+        return true;
+    });
+}
+
+BOOL MoveWindow(HWND window, const RECT& area)
+{
+    return With(window, [&area](WindowRecord& record) {
+        QWidget& widget = record.Peer()->Widget();
+        if (widget.minimumSize() == widget.maximumSize())
+            widget.setFixedSize(ToolkitRect(area).size());
+        widget.setGeometry(ToolkitRect(area));
+        record.Peer()->TellSize();
         return true;
     });
 }

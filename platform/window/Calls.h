@@ -11,6 +11,8 @@
 
 bool IsWindow(HWND window);
 bool IsWindowVisible(HWND window); // itself and all its parents are shown
+// GWL_STYLE: WS_VISIBLE for a window that is shown, whether or not its parents are; 0 for all else.
+LONG GetWindowLongA(HWND window, int index);
 bool IsWindowEnabled(HWND window);
 bool IsIconic(HWND window);
 HWND GetParent(HWND window);
@@ -23,6 +25,8 @@ HWND GetWindow(HWND window, UINT command);
 // On the screen, in device-independent pixels, without the window manager's frame. FALSE and an empty one for a window
 // that has gone.
 BOOL GetWindowRect(HWND window, RECT* area);
+// Within the parent's client area, or on the screen. A dialog, whose size its user cannot change, gets this one.
+BOOL MoveWindow(HWND window, const RECT& area);
 // From the screen to the client area of the window.
 BOOL ScreenToClient(HWND window, POINT* point);
 

@@ -4,10 +4,12 @@
 #include "platform/window/Creation_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/DialogBuilder_p.h"
+#include "platform/window/DialogUnits_p.h"
 #include "platform/window/DialogWidget_p.h"
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/WinApp.h"
 #include "platform/window/WindowRecord_p.h"
+#include "platform/window/WindowTable_p.h"
 
 struct CDialog::Modal : ModalWait
 {
@@ -95,6 +97,19 @@ void CDialog::EndDialog(int result)
         ShowWindow(SW_HIDE);
         if (modal)
             modal->End(result);
+    });
+}
+
+void CDialog::MapDialogRect(RECT* area) const
+{
+    RunOnDesktop([&] {
+        const auto record = WindowTable::Get().Find(m_hWnd);
+        if (!record)
+            return;
+        const DialogUnits units(record->Peer()->Widget().fontMetrics());
+        const QPoint first = units.Point(area->left, area->top);
+        const QPoint last = units.Point(area->right, area->bottom);
+        *area = {first.x(), first.y(), last.x(), last.y()};
     });
 }
 

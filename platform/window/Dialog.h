@@ -21,6 +21,8 @@ public:
     BOOL Create(UINT templateId, CWnd* parent = nullptr);
     // Ends DoModal with the result; on a dialog that is not modal it only hides the window.
     void EndDialog(int result);
+    // From dialog units (see Resource.h) to device-independent pixels, by the font of the dialog's window.
+    void MapDialogRect(RECT* area) const;
 
 protected:
     // Called when all controls exist, before the window shows. FALSE keeps the focus that was set here; TRUE puts it on

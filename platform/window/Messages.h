@@ -63,6 +63,8 @@ inline constexpr int SW_RESTORE = 9;
 
 inline constexpr UINT GW_HWNDNEXT = 2;
 inline constexpr UINT GW_CHILD = 5;
+inline constexpr int GWL_STYLE = -16;
+inline constexpr DWORD WS_VISIBLE = 0x10000000;
 
 // Keys under their published numbers; letters and digits are their capital characters.
 inline constexpr int VK_TAB = 0x09;

@@ -197,17 +197,17 @@ void CWnd::ScreenToClient(RECT* area) const
 
 void CWnd::MoveWindow(const RECT& area) const
 {
-    WithWidget(m_hWnd, [&area](WindowRecord& record, QWidget& widget) {
-        if (widget.minimumSize() == widget.maximumSize())
-            widget.setFixedSize(ToolkitRect(area).size());
-        widget.setGeometry(ToolkitRect(area));
-        record.Peer()->TellSize();
-    });
+    ::MoveWindow(m_hWnd, area);
 }
 
 void CWnd::Invalidate() const
 {
     WithWidget(m_hWnd, [](WindowRecord&, QWidget& widget) { widget.update(); });
+}
+
+void CWnd::InvalidateRect(const RECT& area) const
+{
+    WithWidget(m_hWnd, [&area](WindowRecord&, QWidget& widget) { widget.update(ToolkitRect(area)); });
 }
 
 void CWnd::CenterWindow(CWnd* other)

@@ -66,10 +66,11 @@ public:
     void GetWindowRect(RECT* area) const;
     // From the screen to this window's client area.
     void ScreenToClient(RECT* area) const;
-    // Within the parent's client area, or on the screen. A dialog, whose size its user cannot change, gets this one.
+    // See Calls.h.
     void MoveWindow(const RECT& area) const;
-    // Asks for the client area to be painted.
+    // Asks for the client area, or a part of it, to be painted.
     void Invalidate() const;
+    void InvalidateRect(const RECT& area) const;
     // Over `other`, or over the parent, or in the middle of the screen.
     void CenterWindow(CWnd* other = nullptr);
     // Gives the icon that was set before.

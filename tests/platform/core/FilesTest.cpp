@@ -162,6 +162,11 @@ TEST(FileFind, WalksAFolderByName)
     EXPECT_EQ(found, ".. ... .hidden 2003-06-24 2003-06-25 a.b sub/ ");
     EXPECT_FALSE(find.FindFile(home.Path("none/*.*")));
     EXPECT_FALSE(find.FindFile(home.Path("walk/*.xml")));
+    EXPECT_FALSE(find.FindFile(home.Path("walk/")));
+    EXPECT_FALSE(find.FindFile(""));
+    ASSERT_TRUE(find.FindFile(home.Path("walk")));
+    EXPECT_FALSE(find.FindNextFile());
+    EXPECT_TRUE(find.IsDirectory());
 }
 
 TEST(FileCalls, FoldersAndDeleting)

@@ -215,12 +215,9 @@ TEST(PropertySheets, ADerivedSheetMovesHidesAndLeavesWhatItLikes)
         for (HWND child = GetWindow(sheet.m_hWnd, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         {
             ++children;
-            CWnd window;
-            window.m_hWnd = child;
-            window.GetWindowRect(&area);
+            GetWindowRect(child, &area);
             sheet.ScreenToClient(&area);
-            window.MoveWindow({area.left + 150, area.top, area.right + 150, area.bottom});
-            window.m_hWnd = {};
+            MoveWindow(child, {area.left + 150, area.top, area.right + 150, area.bottom});
         }
         EXPECT_EQ(children, 5);
         sheet.CenterWindow();
