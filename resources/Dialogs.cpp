@@ -55,7 +55,7 @@ constexpr ControlTemplate kVersion[] = {
 constexpr ControlTemplate kDownloadSet[] = {
     {GroupBox, IDC_STATIC, 7, 4, 250, 36, CS_NOTAB, "Download Management"},
     {Label, IDC_STATIC, 14, 19, 50, 9, CS_NOTAB, "Save Folder:"},
-    {Edit, IDC_SAVE_FOLDER, 66, 16, 162, 14},
+    {Edit, IDC_SAVE_FOLDER, 66, 16, 162, 14, CS_NONE, "", "Save Folder"},
     {Button, IDC_BROWSE, 232, 16, 18, 14, CS_NONE, "...", "Browse for the save folder"},
     {GroupBox, IDC_STATIC, 7, 44, 250, 142, CS_NOTAB, "Download Filter"},
     {CheckBox, IDC_LIMIT_SIZE, 14, 56, 236, 11, CS_NONE, "Limit Download File Size"},
@@ -87,9 +87,9 @@ constexpr ControlTemplate kGeneral[] = {
 // Enter in a number adds it.
 constexpr ControlTemplate kResolutions[] = {
     {Label, IDC_STATIC, 7, 10, 10, 9, CS_NOTAB, "X:"},
-    {Edit, IDC_RESOLUTION_X, 19, 7, 36, 14},
+    {Edit, IDC_RESOLUTION_X, 19, 7, 36, 14, CS_NONE, "", "X"},
     {Label, IDC_STATIC, 62, 10, 10, 9, CS_NOTAB, "Y:"},
-    {Edit, IDC_RESOLUTION_Y, 74, 7, 36, 14},
+    {Edit, IDC_RESOLUTION_Y, 74, 7, 36, 14, CS_NONE, "", "Y"},
     {Button, IDC_ADD, 118, 7, 60, 14, CS_DEFAULT, "&Add"},
     {ListBox, IDC_RESOLUTION_LIST, 7, 26, 104, 104, CS_NONE, "", "Resolutions"},
     {Button, IDC_REMOVE, 118, 26, 60, 14, CS_NONE, "&Remove"},

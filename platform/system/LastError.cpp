@@ -20,6 +20,7 @@ struct Meaning
 constexpr Meaning kMeanings[] = {
     {ERROR_SUCCESS, 0},
     {ERROR_FILE_NOT_FOUND, ENOENT},
+    {ERROR_PATH_NOT_FOUND, ENOENT}, // a folder on the way
     {ERROR_PATH_NOT_FOUND, ENOTDIR},
     {ERROR_PATH_NOT_FOUND, ELOOP},
     {ERROR_ACCESS_DENIED, EACCES},

@@ -1,0 +1,366 @@
+// The settings sheet as a user meets it, over a record and files of its own.
+#include "settings/SettingsSheet.h"
+#include "persist/DownloadSetting.h"
+#include "resources/Resources.h"
+#include "settings/SizeLimitRule.h"
+
+#include "platform/system/Registry.h"
+#include "platform/testing/Robot.h"
+#include "platform/testing/TempHome.h"
+#include "platform/window/WinApp.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace
+{
+
+const std::string kSheet = "Configuration...";
+const std::string kList = "Resolution Capacity List";
+const std::string kNotAFolder = "Failed to create download folder.\nThere maybe a file has the same name.";
+
+class SettingsSheet : public testing::Test
+{
+protected:
+    SettingsSheet()
+    {
+        static CWinApp application;
+        AfxSetResources(VantroyResources());
+        m_home.Write("Download/.keep", "");
+        m_setting = std::make_unique<CDownloadSetting>();
+        m_setting->m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
+    }
+
+    // The sheet is cancelled at the end if it still stands.
+    void Open(const std::function<void(Robot&)>& script)
+    {
+        RunScript([this] { RunSettingsSheet(*m_setting); },
+                  [&](Robot& robot) {
+                      robot.WaitForWindow(kSheet);
+                      script(robot);
+                      if (robot.IsShown("Cancel", kSheet))
+                          robot.Press("Cancel", kSheet);
+                  });
+    }
+    // What the file holds behind the folder, on one line.
+    std::string Saved() const
+    {
+        if (!m_home.Exists("config.xml"))
+            return "none";
+        std::string text = m_home.Read("config.xml");
+        text.erase(0, text.find("</SAVEFOLDER>") + 13);
+        text.erase(text.find("</CONFIG>"));
+        std::erase_if(text, [](char letter) { return letter == '\r' || letter == '\n'; });
+        return text;
+    }
+    std::string Resolutions() const
+    {
+        std::string text;
+        for (const CResolution& size : *m_setting->m_resolutions.Get())
+            text += std::to_string(size.m_nWidth) + 'x' + std::to_string(size.m_nHeight) + ' ';
+        return text;
+    }
+
+    TempHome m_home;
+    std::unique_ptr<CDownloadSetting> m_setting;
+};
+
+// "box" or "box=" for each of these that can be used, "=" where it is ticked.
+std::string Usable(const Robot& robot, const std::vector<std::string>& controls)
+{
+    std::string text;
+    for (const std::string& control : controls)
+    {
+        if (robot.IsEnabled(control))
+            text += control.substr(control.find_last_of(" x") + 1) + ' ';
+    }
+    return text;
+}
+
+void AddSize(const Robot& robot, const std::string& width, const std::string& height)
+{
+    robot.Type("X", width, kList);
+    robot.Type("Y", height, kList);
+    robot.Key("Return");
+}
+
+} // namespace
+
+TEST_F(SettingsSheet, EveryControlReachesTheFileWithApply)
+{
+    Open([this](Robot& robot) {
+        EXPECT_EQ(robot.TreeNodes(), (std::vector<std::string>{"Download Setting", "System Setting"}));
+        EXPECT_EQ(robot.LayoutFaults(), "");
+        EXPECT_EQ(robot.Text("Save Folder"), m_home.Path("Download"));
+        EXPECT_FALSE(robot.IsEnabled("Apply"));
+        const std::string bounds = "<BIGTHAN FILESIZE=\"250\">1</BIGTHAN><SMALLTHAN FILESIZE=\"0\">0</SMALLTHAN>";
+        const std::string other = "<BIGTHAN FILESIZE=\"12\">1</BIGTHAN><SMALLTHAN FILESIZE=\"0\">1</SMALLTHAN>";
+        const std::string sizes = "<LIMITFILESIZE>" + other + "</LIMITFILESIZE>";
+        const std::string listed = sizes + "<LIMITRESOLVING><RESOLVING_CAP RESX=\"800\" RESY=\"600\"/>";
+        const std::pair<std::function<void()>, std::string> steps[] = {
+            {[&] { robot.Type("Save Folder", m_home.Path("New")); }, "<LIMITFILETYPE>1</LIMITFILETYPE>"},
+            {[&] { robot.Press("MP3 Music"); }, "<LIMITFILETYPE>3</LIMITFILETYPE>"},
+            {[&] { robot.Press("Flash Files"); }, "<LIMITFILETYPE>7</LIMITFILETYPE>"},
+            {[&] { robot.Press("Images"); }, "<LIMITFILETYPE>6</LIMITFILETYPE>"},
+            {[&] { robot.Press("Limit Download File Size"); },
+             "<LIMITFILESIZE>" + bounds + "</LIMITFILESIZE><LIMITFILETYPE>6</LIMITFILETYPE>"},
+            {[&] {
+                 robot.Type("Download files >, in KB", "12abc");
+                 robot.Press("Download files <");
+                 robot.Type("Download files <, in KB", "many");
+             },
+             sizes + "<LIMITFILETYPE>6</LIMITFILETYPE>"},
+            {[&] { robot.Press("Limit Images' Resolution"); }, sizes + "<LIMITFILETYPE>6</LIMITFILETYPE>"},
+            {[&] { robot.Press("800x600"); }, listed + "</LIMITRESOLVING><LIMITFILETYPE>6</LIMITFILETYPE>"},
+            {[&] {
+                 robot.Press("Download files >");
+                 robot.Press("Download files <");
+             },
+             listed.substr(sizes.size()) + "</LIMITRESOLVING><LIMITFILETYPE>6</LIMITFILETYPE>"},
+        };
+        for (const auto& [change, saved] : steps)
+        {
+            change();
+            robot.Press("Apply");
+            EXPECT_FALSE(robot.IsEnabled("Apply"));
+            EXPECT_EQ(Saved(), saved);
+        }
+        EXPECT_TRUE(std::filesystem::is_directory(m_home.Path("New")));
+        robot.Press("OK");
+        robot.WaitForNoWindow(kSheet);
+    });
+    EXPECT_EQ(CDownloadSetting().GetSaveFolder(), m_home.Path("New"));
+}
+
+TEST_F(SettingsSheet, BoxesFollowEachOther)
+{
+    const std::vector<std::string> size{"Download files >", "Download files >, in KB", "Download files <",
+                                        "Download files <, in KB"};
+    Open([&](Robot& robot) {
+        const auto look = [&] {
+            return std::string(robot.IsChecked("Limit Download File Size") ? "on " : "off ") + Usable(robot, size);
+        };
+        EXPECT_EQ(look(), "off ");
+        const std::pair<const char*, const char*> presses[] = {
+            {"Limit Download File Size", "on > KB < "},
+            {"Download files <", "on > KB < KB "},
+            {"Download files >", "on > < KB "},
+            {"Download files <", "off > < "}, // they stay usable, to bring the limit back
+            {"Download files <", "on > < KB "},
+            {"Limit Download File Size", "off "},
+        };
+        for (const auto& [box, state] : presses)
+        {
+            robot.Press(box);
+            EXPECT_EQ(look(), state) << box;
+        }
+        EXPECT_EQ(Usable(robot, {"640x480", "800x600", "1024x768", "1280x768", "1600x1200", "More..."}), "");
+        robot.Press("Limit Images' Resolution");
+        EXPECT_EQ(Usable(robot, {"640x480", "800x600", "1024x768", "1280x768", "1600x1200", "More..."}),
+                  "480 600 768 768 1200 More... ");
+        robot.Press("Apply");
+        robot.Press("Images"); // the only type
+        EXPECT_TRUE(robot.IsChecked("Images"));
+        EXPECT_FALSE(robot.IsEnabled("Apply"));
+    });
+    EXPECT_EQ(m_setting->m_bLimitFileSize, 0);
+    EXPECT_EQ(m_setting->m_bLimitResolution, 0);
+    m_setting->m_bImages = 0;
+    Open([](Robot& robot) {
+        EXPECT_TRUE(robot.IsChecked("Images"));
+        EXPECT_FALSE(robot.IsChecked("Limit Images' Resolution"));
+        robot.Press("OK");
+    });
+    EXPECT_EQ(m_setting->m_bImages, 1);
+
+    SizeLimitRule untouched{true, false, false};
+    EXPECT_FALSE(untouched.IsInForce());
+}
+
+TEST_F(SettingsSheet, FoldersAreMadeOrRefusedWithoutLosingTheFile)
+{
+    m_home.Write("file", "");
+    const std::pair<std::string, std::string> cases[] = {
+        {"", ""},
+        {"abc", ""}, // up to four bytes are taken as they are
+        {"abcd", ""},
+        {"drive:", ""},
+        {m_home.Path("new"), ""},
+        {m_home.Path("two words "), ""},
+        {m_home.Path("sp\xC3\xA9"
+                     "cial"),
+         ""},
+        {m_home.Path("file"), kNotAFolder},
+        {m_home.Path("Download/"), "File exists"},
+        {m_home.Path("none/below"), "No such file or directory"},
+        {m_home.Path("file/below"), "No such file or directory"},
+        {"/proc/vantroy", "No such file or directory"},
+        {"/none/" + std::string(249, 'n'), "No such file or directory"},
+    };
+    ASSERT_TRUE(m_setting->Save());
+    for (const auto& [folder, message] : cases)
+    {
+        const std::string before = m_home.Read("config.xml");
+        const bool typed = std::ranges::all_of(folder, [](char letter) { return letter > 0; });
+        if (!typed)
+            m_setting->m_szSaveFolder.Set(CDownloadSetting::SaveFolder(folder));
+        Open([&](Robot& robot) {
+            if (typed)
+                robot.Type("Save Folder", folder);
+            robot.Press("MP3 Music"); // something to apply
+            robot.Press("Apply");
+            if (message.empty())
+                return;
+            EXPECT_NE(robot.MessageBoxText().find(message), std::string::npos) << robot.MessageBoxText();
+            robot.Answer("OK");
+            EXPECT_TRUE(robot.IsEnabled("Apply"));
+        });
+        EXPECT_EQ(m_setting->GetSaveFolder(), folder);
+        EXPECT_EQ(m_home.Read("config.xml") == before, !message.empty()) << folder;
+        EXPECT_EQ(std::filesystem::is_directory(folder),
+                  folder.starts_with('/') && (message.empty() || folder.ends_with('/')))
+            << folder;
+    }
+}
+
+TEST_F(SettingsSheet, AFolderThatIsTooLongIsRefusedByItsEdit)
+{
+    const std::string deep = m_home.Path(std::string(120, 'a') + '/' + std::string(150, 'b'));
+    std::filesystem::create_directories(deep);
+    Open([&](Robot& robot) {
+        robot.Type("Save Folder", std::string(300, 'x'));
+        EXPECT_EQ(robot.Text("Save Folder").size(), 255U);
+        robot.Type("Save Folder", m_home.Path("Download"));
+        robot.Press("Browse for the save folder");
+        EXPECT_EQ(robot.BrowsedFolder(), m_home.Path("Download"));
+        robot.Press("Cancel");
+        EXPECT_EQ(robot.Text("Save Folder", kSheet), m_home.Path("Download"));
+
+        robot.Press("Browse for the save folder");
+        robot.TypeFolder(deep);
+        robot.Press("Choose");
+        EXPECT_EQ(robot.Text("Save Folder", kSheet), deep);
+        for (const auto& [key, focus] : {std::pair("Alt+A", "Save Folder"), {"Ctrl+Tab", "PageTree"}})
+        {
+            robot.Key(key);
+            EXPECT_EQ(robot.MessageBoxText(), "Please enter no more than 255 characters.");
+            robot.Answer("OK");
+            EXPECT_EQ(robot.FocusName(), focus);
+        }
+        EXPECT_EQ(m_setting->GetSaveFolder(), m_home.Path("Download"));
+    });
+    m_setting->m_szSaveFolder.Set(CDownloadSetting::SaveFolder("/" + std::string(600, 'x')));
+    Open([&](Robot& robot) {
+        EXPECT_EQ(robot.Text("Save Folder").size(), 519U);
+        robot.Press("OK");
+        robot.Answer("OK");
+    });
+    EXPECT_FALSE(m_home.Exists("config.xml"));
+}
+
+TEST_F(SettingsSheet, TicksOfResolutionsReachTheRecordAtOnceAndTheListWithItsOk)
+{
+    m_setting->m_bLimitResolution = 1;
+    m_setting->m_resolutions.Set({{7, 9}, {800, 600}});
+    Open([this](Robot& robot) {
+        EXPECT_TRUE(robot.IsChecked("800x600"));
+        robot.Press("1600x1200");
+        robot.Press("640x480");
+        EXPECT_EQ(Resolutions(), "7x9 800x600 1600x1200 640x480 ");
+
+        robot.Press("More...");
+        robot.WaitForWindow(kList);
+        EXPECT_EQ(robot.LayoutFaults(kList), "");
+        EXPECT_EQ(robot.RowCount(kList), 1);
+        robot.Press("Add");
+        EXPECT_EQ(robot.MessageBoxText(), "Please enter an image resolution capacity item.");
+        robot.Answer("OK");
+        robot.Press("Remove");
+        EXPECT_EQ(robot.MessageBoxText(), "Please select a resolusion capacity item to remove.");
+        robot.Answer("OK");
+        AddSize(robot, "640", "480");
+        AddSize(robot, "0", "480");
+        AddSize(robot, "1024", "768");
+        AddSize(robot, "007", "10");
+        EXPECT_EQ(robot.RowCount(kList), 3);
+        EXPECT_EQ(robot.Cell(2, 0, kList), "007 x 10");
+        robot.Key("Esc");
+        robot.WaitForNoWindow(kList);
+        EXPECT_EQ(Resolutions(), "7x9 800x600 1600x1200 640x480 ");
+
+        robot.Press("More...");
+        AddSize(robot, "1024", "768");
+        robot.ClickRow(0, false, kList);
+        robot.Press("Remove", kList);
+        AddSize(robot, "5", "6");
+        robot.Press("OK", kList);
+        robot.WaitForNoWindow(kList);
+        EXPECT_EQ(Resolutions(), "640x480 800x600 1600x1200 1024x768 5x6 ");
+        EXPECT_FALSE(robot.IsChecked("1024x768")); // until the sheet opens again
+    });
+    EXPECT_FALSE(m_home.Exists("config.xml"));
+    EXPECT_EQ(Resolutions(), "640x480 800x600 1600x1200 1024x768 5x6 ");
+    Open([](Robot& robot) {
+        EXPECT_TRUE(robot.IsChecked("1024x768"));
+        robot.Press("More...");
+        robot.ClickRow(0, false, kList);
+        robot.Press("Remove", kList);
+        EXPECT_TRUE(robot.IsEnabled("OK", kList)); // though no row is left
+        robot.Press("OK", kList);
+        robot.WaitForNoWindow(kList);
+        robot.Press("More...");
+        EXPECT_FALSE(robot.IsEnabled("OK", kList));
+        robot.CloseWindow(kList);
+        robot.WaitForNoWindow(kList);
+    });
+}
+
+TEST_F(SettingsSheet, FiveThousandResolutionsAreListedAndKept)
+{
+    std::vector<CResolution> sizes;
+    for (LONG number = 1; number <= 5000; ++number)
+        sizes.push_back({number, 1});
+    m_setting->m_bLimitResolution = 1;
+    m_setting->m_resolutions.Set(sizes);
+    Open([](Robot& robot) {
+        robot.Press("More...");
+        EXPECT_EQ(robot.RowCount(kList), 5000);
+        robot.Press("OK", kList);
+        robot.WaitForNoWindow(kList);
+        robot.Press("OK");
+    });
+    EXPECT_EQ(*CDownloadSetting().m_resolutions.Get(), sizes);
+}
+
+TEST_F(SettingsSheet, TheBrowserButtonComesAndGoesAtOnce)
+{
+    const auto registry = [this] {
+        return m_home.Exists("registry-machine.ini") ? m_home.Read("registry-machine.ini") : std::string();
+    };
+    Open([&](Robot& robot) {
+        robot.SelectNode({"System Setting"});
+        EXPECT_EQ(robot.LayoutFaults(), "");
+        robot.Key("Alt+R");
+        robot.Key("Alt+A");
+        EXPECT_EQ(robot.MessageBoxText(), "Program shortcut icon has been added to browser's toolbar.\n"
+                                          "You need to restart browser to make it work.");
+        robot.Answer("OK");
+        EXPECT_NE(registry().find("Exec=" + m_home.Path("vantroy") + "\n"), std::string::npos);
+        EXPECT_FALSE(robot.IsEnabled("Apply"));
+        SetRegistryGuard([](HKEY root, const char*) { return root != HKEY_LOCAL_MACHINE; });
+        robot.Press("Add Shortcut to Toolbar");
+        robot.Press("Remove Shortcut from Toolbar");
+        SetRegistryGuard(nullptr);
+    });
+    EXPECT_NE(registry().find("Exec="), std::string::npos); // Cancel does not undo it
+    Open([&](Robot& robot) {
+        robot.SelectNode({"System Setting"});
+        robot.Press("Remove Shortcut from Toolbar");
+        EXPECT_EQ(robot.MessageBoxText(),
+                  "Program shortcut icon has been removed.\nYou need to restart browser to make it work.");
+        robot.Answer("OK");
+    });
+    EXPECT_EQ(registry().find("Exec="), std::string::npos);
+}
