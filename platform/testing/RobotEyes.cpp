@@ -124,6 +124,9 @@ QWidget* WindowNamed(const std::string& title)
 
 bool IsBlocked(const QWidget* window)
 {
+    // The last one to come is blocked by none.
+    if (window == QApplication::activeModalWidget())
+        return false;
     for (const QWidget* modal : QApplication::topLevelWidgets())
     {
         const bool holds = modal->isVisible() && modal->isModal() && !IsAmong(window, modal);
