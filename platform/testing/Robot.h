@@ -78,6 +78,7 @@ public:
     using NodePath = std::vector<std::string>;
     std::vector<std::string> TreeNodes(const std::string& window = {}) const; // those on show, two blanks for a level
     std::string SelectedNode(const std::string& window = {}) const;           // its text; empty if there is none
+    // A mouse click; the empty path is a place below the last node.
     void SelectNode(const NodePath& node, const std::string& window = {}) const;
     void ExpandNode(const NodePath& node, const std::string& window = {}) const; // mouse click on its button
 

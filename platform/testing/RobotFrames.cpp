@@ -154,8 +154,9 @@ void Robot::SelectNode(const NodePath& path, const std::string& window) const
     const auto aim = [&] {
         QTreeView* tree = TreeOf(window);
         QModelIndex node;
-        const QRect place = NodePlace(tree, path, node);
-        return RobotHands::Click(tree->viewport(), place.center(), Qt::LeftButton);
+        const QPoint below = tree->viewport()->rect().bottomLeft() + QPoint(1, -1);
+        const QPoint place = path.empty() ? below : NodePlace(tree, path, node).center();
+        return RobotHands::Click(tree->viewport(), place, Qt::LeftButton);
     };
     Deliver(m_deadline, aim);
 }

@@ -164,6 +164,9 @@ void TreeWidget::RemoveNodes()
 // A click with Ctrl does not leave the tree without a selected node.
 QItemSelectionModel::SelectionFlags TreeWidget::selectionCommand(const QModelIndex& index, const QEvent* event) const
 {
+    // A click beside all nodes changes nothing.
+    if (!index.isValid())
+        return QItemSelectionModel::NoUpdate;
     const auto command = QTreeWidget::selectionCommand(index, event);
     return command & (QItemSelectionModel::Deselect | QItemSelectionModel::Toggle)
                ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows

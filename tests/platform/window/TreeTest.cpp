@@ -45,6 +45,8 @@ TEST_F(TreeTest, TellsOfANewSelectionByMouseKeysAndProgram)
     EXPECT_FALSE(m_tree.GetSelectedItem());
     m_robot.SelectNode({"root", "day", "page"});
     m_robot.SelectNode({"root", "day", "page"});
+    m_robot.SelectNode({});
+    EXPECT_EQ(m_robot.SelectedNode(), "page");
     m_robot.Key("Up");
     m_tree.SelectItem(root);
     EXPECT_EQ(m_selected, (Texts{"page2", "day1", "root0"}));
