@@ -1,13 +1,13 @@
 // The settings sheet as a user meets it, over a record and files of its own.
-#include "settings/SettingsSheet.h"
+#include "Application.h"
+
 #include "persist/DownloadSetting.h"
-#include "resources/Resources.h"
+#include "settings/SettingsSheet.h"
 #include "settings/SizeLimitRule.h"
 
 #include "platform/system/Registry.h"
 #include "platform/testing/Robot.h"
 #include "platform/testing/TempHome.h"
-#include "platform/window/WinApp.h"
 
 #include <gtest/gtest.h>
 
@@ -26,8 +26,7 @@ class SettingsSheet : public testing::Test
 protected:
     SettingsSheet()
     {
-        static CWinApp application;
-        AfxSetResources(VantroyResources());
+        StartApplication();
         m_home.Write("Download/.keep", "");
         m_setting = std::make_unique<CDownloadSetting>();
         m_setting->m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));

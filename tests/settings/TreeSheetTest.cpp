@@ -1,6 +1,7 @@
 // The tree sheet with pages at any depth, some of which refuse.
+#include "Application.h"
+
 #include "resources/ResourceIds.h"
-#include "resources/Resources.h"
 #include "settings/ThemeLibrary.h"
 #include "settings/ThemedPageFrame.h"
 #include "settings/TreePropSheet.h"
@@ -8,7 +9,6 @@
 
 #include "platform/testing/Robot.h"
 #include "platform/testing/ThemeLibrary.h"
-#include "platform/window/WinApp.h"
 
 #include <gtest/gtest.h>
 
@@ -70,8 +70,7 @@ class Sheet : public CTreePropSheet
 public:
     Sheet() : CTreePropSheet("Sheet")
     {
-        static CWinApp application;
-        AfxSetResources(VantroyResources());
+        StartApplication();
         m_icons.Create(IDR_SETTINGS, 16);
         AttachPageIcon(m_g, m_icons, 0);
         for (Page* page : {&m_d, &m_b, &m_ef, &m_g})

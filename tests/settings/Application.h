@@ -1,0 +1,12 @@
+// The one application object of these tests, with the program's resources.
+#pragma once
+
+#include "resources/Resources.h"
+
+#include "platform/window/WinApp.h"
+
+inline void StartApplication()
+{
+    static CWinApp application;
+    AfxSetResources(VantroyResources());
+}
