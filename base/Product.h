@@ -1,8 +1,8 @@
 // What the build is told about the product; see the settings in CMakeLists.txt.
 #pragma once
 
-#include <compare>
 #include <string>
+#include <tuple>
 
 struct CVersion
 {
@@ -10,7 +10,12 @@ struct CVersion
     int m_nMinor = 0;
     int m_nPatch = 0;
 
-    auto operator<=>(const CVersion&) const = default;
+    bool operator==(const CVersion&) const = default;
+    // Newer.
+    bool operator>(const CVersion& other) const
+    {
+        return std::tie(m_nMajor, m_nMinor, m_nPatch) > std::tie(other.m_nMajor, other.m_nMinor, other.m_nPatch);
+    }
 };
 
 // The program's own.

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include <cstring>
 #include <filesystem>
@@ -37,15 +38,17 @@ struct Choice : ModalWait
     std::string path;
 };
 
+// One that the toolkit can show: it reaches no folder whose name is no UTF-8.
 QString NearestFolder(const std::string& path)
 {
+    const auto shown = [](const fs::path& folder) { return QFile::decodeName(folder.string().c_str()); };
     std::error_code error;
     const fs::path wanted = fs::absolute(NativePath(path), error);
     fs::path folder = wanted;
-    while (folder.has_relative_path() && !fs::is_directory(folder, error))
+    while (folder.has_relative_path() && !QFileInfo(shown(folder)).isDir())
         folder = folder.parent_path();
     const bool found = folder.has_relative_path() || folder == wanted;
-    return found && !path.empty() ? QFile::decodeName(folder.string().c_str()) : QDir::homePath();
+    return found && !path.empty() ? shown(folder) : QDir::homePath();
 }
 
 // The toolkit shows the desktop's own dialog in its place where there is one.
@@ -162,8 +165,10 @@ BOOL SHGetPathFromIDListEx(const ITEMIDLIST* item, char* path, DWORD size, int)
 {
     if (size > 0)
         *path = '\0';
-    const std::string text = item ? PathFromNative(item->path) : std::string();
-    if (text.empty() || text.size() >= size || NativePath(text) != item->path)
+    if (!item)
+        return FALSE;
+    const std::string text = PathFromNative(item->path);
+    if (text.size() >= size || NativePath(text) != item->path)
         return FALSE;
     std::memcpy(path, text.c_str(), text.size() + 1);
     return TRUE;

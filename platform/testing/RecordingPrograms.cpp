@@ -19,7 +19,7 @@ constexpr const char* kScript =
 } // namespace
 
 RecordingPrograms::RecordingPrograms(const TempHome& home, const std::vector<std::string>& names)
-    : m_home(home), m_path(getenv("PATH"))
+    : m_home(home), m_path(getenv("PATH") ? getenv("PATH") : "")
 {
     for (const std::string& name : names)
     {

@@ -267,7 +267,7 @@ void Robot::TypeFolder(const std::string& path) const
     const auto aim = [&] {
         auto* edit = FolderDialogOnShow()->findChild<QLineEdit*>();
         RequireReady(edit);
-        const auto click = RobotHands::Click(edit, edit->rect().center(), Qt::LeftButton);
+        auto click = RobotHands::Click(edit, edit->rect().center(), Qt::LeftButton);
         const auto paste = [target = QPointer<QLineEdit>(edit), text = QString::fromStdString(path)] {
             if (target)
                 target->setText(text);

@@ -87,9 +87,8 @@ public:
     // Drags the bar to the right of a pane sideways, or the one below it up and down.
     void DragBar(std::size_t pane, int byX, int byY, const std::string& window = {}) const;
 
-    // The folder dialog on show: the folder that it would give now, and typing another one's path over it, as one
-    // that is there at once: the list of completions stays shut.
-    // It has the buttons "Choose" and "Cancel". Paths in UTF-8.
+    // The folder dialog on show, which has the buttons "Choose" and "Cancel": the folder that it would give now, and
+    // putting another one's path into its edit, at once, so that no list of completions opens. Paths in UTF-8.
     std::string BrowsedFolder() const;
     void TypeFolder(const std::string& path) const;
 

@@ -99,10 +99,10 @@ void LinkWidget::Click()
 void LinkWidget::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
-    if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)
-        Click();
-    else
+    if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter)
         event->ignore();
+    else if (!event->isAutoRepeat())
+        Click();
 }
 
 void LinkWidget::mouseMoveEvent(QMouseEvent* event)

@@ -56,7 +56,7 @@ protected:
         form.Play([&](Robot& robot) {
             robot.Press("Act");
             use(robot);
-            robot.WaitUntil([&] { return !chosen.empty(); }, "the choice");
+            robot.WaitForNoWindow("Browse For Folder");
             robot.Press("Cancel", "Form");
         });
         return chosen;
@@ -87,7 +87,7 @@ TEST_F(FolderBrowser, OpensWhereTheCallbackSays)
         {folder + '/', folder},
         {folder + "/gone/too", folder},
         {m_home.Path("file"), m_home.Folder()},
-        {m_home.Folder() + "/bad\xFF", m_home.Folder()},
+        {Make("no UTF-8 \xFF"), m_home.Folder()},
         {"/", "/"},
         {"/no such folder", home},
         {"", home},

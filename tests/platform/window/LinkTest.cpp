@@ -1,9 +1,6 @@
 // Labels that notify: links for mouse, keys and assistive technology.
 #include "TestDialog.h"
 
-#include "platform/window/Cursor.h"
-#include "platform/window/DeviceContext.h"
-
 #include <QAccessible>
 #include <QApplication>
 #include <QWidget>
@@ -15,7 +12,6 @@ class Link : public CStatic
 {
 public:
     std::vector<std::string> m_log;
-    HCURSOR m_cursor = HCURSOR::Null;
     std::function<void()> m_onClick = [] {};
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -25,9 +21,7 @@ public:
             m_log.push_back("itself");
             m_onClick();
         }
-        if (message == WM_SETCURSOR && m_cursor != HCURSOR::Null)
-            SetCursor(m_cursor);
-        return message == WM_SETCURSOR ? m_cursor != HCURSOR::Null : CStatic::WindowProc(message, wParam, lParam);
+        return CStatic::WindowProc(message, wParam, lParam);
     }
 };
 
@@ -85,23 +79,6 @@ TEST_F(LinkTest, MouseKeysAndAssistiveTechnologyPressIt)
         robot.Key("Tab");
         EXPECT_EQ(robot.FocusName(), "OK");
         EXPECT_EQ(robot.LayoutFaults(), "");
-        robot.Press("OK");
-    });
-}
-
-TEST_F(LinkTest, ChoosesThePointerAsItMoves)
-{
-    m_dialog.Play([&](Robot& robot) {
-        robot.PointAt("More of this");
-        EXPECT_FALSE(robot.HasHand("More of this"));
-        m_link.m_cursor = IDC_HAND;
-        robot.PointAt("OK");
-        robot.PointAt("More of this");
-        EXPECT_TRUE(robot.HasHand("More of this"));
-        const POINT place = PointFromLParam(static_cast<LPARAM>(GetMessagePos()));
-        RECT area;
-        m_link.GetWindowRect(&area);
-        EXPECT_TRUE(place.x > area.left && place.x < area.right && place.y > area.top && place.y < area.bottom);
         robot.Press("OK");
     });
 }
