@@ -115,6 +115,6 @@ void CHistoryTreeView::OnDraw(CDC& dc)
     GetClientRect(&client);
     const RECT band{client.left, client.top, client.right, client.top + kBandHeight};
     FillFramed(dc, band, GetSysColor(COLOR_3DFACE));
-    dc.DrawText(m_title, band, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    dc.DrawText(m_title, band, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     FillFramed(dc, {client.left, band.bottom, client.right, client.bottom}, GetSysColor(COLOR_WINDOW));
 }

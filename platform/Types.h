@@ -27,6 +27,12 @@ struct POINT
     LONG y = 0;
 };
 
+struct SIZE
+{
+    LONG cx = 0;
+    LONG cy = 0;
+};
+
 struct RECT
 {
     LONG left = 0;

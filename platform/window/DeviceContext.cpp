@@ -29,21 +29,19 @@ QPalette::ColorRole RoleOf(int index)
     case COLOR_3DHIGHLIGHT:
         return QPalette::Light;
     case COLOR_CAPTIONTEXT:
+    case COLOR_MENUTEXT:
         return QPalette::WindowText;
+    case COLOR_GRAYTEXT:
+        return QPalette::Text;
+    case COLOR_BTNTEXT:
+        return QPalette::ButtonText;
+    case COLOR_HIGHLIGHT:
+        return QPalette::Highlight;
+    case COLOR_HIGHLIGHTTEXT:
+        return QPalette::HighlightedText;
     default:
         return QPalette::Window;
     }
-}
-
-QColor ToolkitColor(COLORREF color)
-{
-    return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-                  static_cast<int>(color >> 16 & 0xFF));
-}
-
-COLORREF DesktopColor(const QColor& color)
-{
-    return static_cast<COLORREF>(color.red() | color.green() << 8 | color.blue() << 16);
 }
 
 // Between the face and the colour of what is selected: texts of the face read on it, in bright and dark palettes.
@@ -98,6 +96,8 @@ QColor SystemColor(const QPalette& palette, int index)
         return ReadableLink(palette, QPalette::Link);
     case COLOR_VISITEDLINK:
         return ReadableLink(palette, QPalette::LinkVisited);
+    case COLOR_GRAYTEXT:
+        return palette.color(QPalette::Disabled, RoleOf(index));
     default:
         return palette.color(RoleOf(index));
     }
@@ -114,15 +114,40 @@ QImage PixelsOf(const QPainter& painter)
 
 int AlignmentOf(UINT format)
 {
-    return (format & DT_CENTER ? Qt::AlignHCenter : Qt::AlignLeft) |
-           (format & DT_VCENTER ? Qt::AlignVCenter : Qt::AlignTop);
+    const int sideways = format & DT_CENTER ? Qt::AlignHCenter : format & DT_RIGHT ? Qt::AlignRight : Qt::AlignLeft;
+    return sideways | (format & DT_VCENTER ? Qt::AlignVCenter : Qt::AlignTop);
+}
+
+int PrefixesOf(UINT format)
+{
+    if (format & DT_NOPREFIX)
+        return 0;
+    return format & DT_HIDEPREFIX ? Qt::TextHideMnemonic : Qt::TextShowMnemonic;
+}
+
+// Menus may have a palette of their own.
+QPalette PaletteOf(int index)
+{
+    return index == COLOR_MENU || index == COLOR_MENUTEXT ? QApplication::palette("QMenu") : QApplication::palette();
 }
 
 } // namespace
 
+QColor ToolkitColor(COLORREF color)
+{
+    return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+                  static_cast<int>(color >> 16 & 0xFF));
+}
+
+COLORREF DesktopColor(const QColor& color)
+{
+    return static_cast<COLORREF>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
 COLORREF GetSysColor(int index)
 {
-    return DesktopColor(SystemColor(QApplication::palette(), index));
+    const QPalette palette = PaletteOf(index);
+    return DesktopColor(SystemColor(palette, index));
 }
 
 CDC::CDC(std::unique_ptr<Surface> surface) : m_surface(std::move(surface))
@@ -130,10 +155,15 @@ CDC::CDC(std::unique_ptr<Surface> surface) : m_surface(std::move(surface))
 
 CDC::~CDC() = default;
 
+bool CDC::Draws() const
+{
+    return m_surface && m_surface->painter;
+}
+
 void CDC::FillSolidRect(const RECT& rect, COLORREF color)
 {
-    if (m_surface)
-        m_surface->painter.fillRect(ToolkitRect(rect), ToolkitColor(color));
+    if (Draws())
+        m_surface->painter->fillRect(ToolkitRect(rect), ToolkitColor(color));
 }
 
 void CDC::Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRight)
@@ -148,46 +178,60 @@ void CDC::Draw3dRect(const RECT& rect, COLORREF topLeft, COLORREF bottomRight)
 
 void CDC::DrawText(const std::string& text, const RECT& rect, UINT format)
 {
-    if (!m_surface)
+    if (!Draws())
         return;
     const QRect area = ToolkitRect(rect);
+    const int flags = PrefixesOf(format) | Qt::TextSingleLine;
     const QString line =
-        m_surface->painter.fontMetrics().elidedText(OneLine(ToolkitText(text)), Qt::ElideRight, area.width());
-    m_surface->painter.drawText(area, AlignmentOf(format) | Qt::TextSingleLine, line);
+        m_surface->Metrics().elidedText(OneLine(ToolkitText(text)), Qt::ElideRight, area.width(), flags);
+    m_surface->painter->drawText(area, AlignmentOf(format) | flags, line);
+}
+
+SIZE CDC::GetTextExtent(const std::string& text) const
+{
+    if (!m_surface)
+        return {};
+    constexpr int kFlags = Qt::TextShowMnemonic | Qt::TextSingleLine;
+    const QSize size = m_surface->Metrics().size(kFlags, OneLine(ToolkitText(text)));
+    return {size.width(), size.height()};
 }
 
 COLORREF CDC::SetTextColor(COLORREF color)
 {
-    if (!m_surface)
+    if (!Draws())
         return CLR_INVALID;
-    const COLORREF before = DesktopColor(m_surface->painter.pen().color());
-    m_surface->painter.setPen(ToolkitColor(color));
+    const COLORREF before = DesktopColor(m_surface->painter->pen().color());
+    m_surface->painter->setPen(ToolkitColor(color));
     return before;
 }
 
 void CDC::SelectObject(const CFont* font)
 {
-    if (!m_surface || !font)
+    if (!Draws() || !font)
         return;
-    QFont changed = m_surface->painter.font();
+    QFont changed = m_surface->painter->font();
     changed.setUnderline(font->GetLogFont().lfUnderline);
-    m_surface->painter.setFont(changed);
+    m_surface->painter->setFont(changed);
 }
 
-bool CDC::DrawIcon(int x, int y, HICON icon, int size)
+bool CDC::DrawIcon(int x, int y, HICON icon, int size, bool faint)
 {
     const auto picture = LoadPicture(static_cast<int>(icon.resource));
-    if (!picture || !m_surface)
+    if (!picture || !Draws())
         return false;
-    DrawPicture(m_surface->painter, *picture, QRectF(x, y, size, size), false);
+    constexpr double kFaint = 0.4;
+    const double before = m_surface->painter->opacity();
+    m_surface->painter->setOpacity(faint ? kFaint : before);
+    DrawPicture(*m_surface->painter, *picture, QRectF(x, y, size, size), false);
+    m_surface->painter->setOpacity(before);
     return true;
 }
 
 COLORREF CDC::GetPixel(int x, int y) const
 {
-    if (!m_surface)
+    if (!Draws())
         return CLR_INVALID;
-    const QImage pixels = PixelsOf(m_surface->painter);
-    const QPoint place = m_surface->painter.deviceTransform().map(QPoint(x, y));
+    const QImage pixels = PixelsOf(*m_surface->painter);
+    const QPoint place = m_surface->painter->deviceTransform().map(QPoint(x, y));
     return pixels.valid(place) ? DesktopColor(pixels.pixelColor(place)) : CLR_INVALID;
 }

@@ -51,7 +51,7 @@ bool FrameWidget::LoadMenuBar(UINT id)
         return false;
     // In the window, also where the desktop could put it elsewhere: the keys lead there.
     menuBar()->setNativeMenuBar(false);
-    FillMenuBar(*menuBar(), menu);
+    FillMenuBar(*menuBar(), menu.m_hMenu);
     for (QAction* action : menuBar()->findChildren<QAction*>())
     {
         if (const UINT command = action->data().toUInt())

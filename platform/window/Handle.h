@@ -15,6 +15,18 @@ struct HWND
     constexpr bool operator==(const HWND&) const = default;
 };
 
+// A menu; a number that is never used twice.
+struct HMENU
+{
+    std::uint64_t value = 0;
+
+    constexpr explicit operator bool() const
+    {
+        return value != 0;
+    }
+    constexpr bool operator==(const HMENU&) const = default;
+};
+
 // A picture of the resources as an icon, by its number; 0 is none.
 struct HICON
 {

@@ -4,6 +4,7 @@
 #include "platform/window/Calls.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/MenuPopup_p.h"
+#include "platform/window/MenuTable_p.h"
 #include "platform/window/Resource.h"
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
@@ -13,6 +14,7 @@
 #include <QPoint>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -22,102 +24,172 @@ const MenuTemplate* FindTemplate(UINT id)
     const ResourceTable* resources = AfxGetResources();
     if (!resources)
         return nullptr;
-    const auto menu = std::find_if(resources->menus.begin(), resources->menus.end(),
-                                   [id](const MenuTemplate& m) { return m.id == static_cast<int>(id); });
+    const auto menu = std::ranges::find(resources->menus, static_cast<int>(id), &MenuTemplate::id);
     return menu == resources->menus.end() ? nullptr : &*menu;
 }
 
-// The entry that a position or a command names; `items.end()` if there is none.
-auto FindItem(std::vector<CMenu::Item>& items, UINT position, UINT flags)
+// The last entry becomes the head of a popup.
+HMENU MakeHead(MenuRecord& menu)
 {
-    if (flags & MF_BYPOSITION)
-        return items.begin() + std::min<std::ptrdiff_t>(position, std::ssize(items));
-    return std::find_if(items.begin(), items.end(), [position](const CMenu::Item& item) {
-        return item.id == position && !item.subMenu && !item.text.empty();
-    });
+    MenuItem& head = menu.items.back();
+    head.flags |= MF_POPUP;
+    head.popup = CreatePopupMenu();
+    return head.popup;
+}
+
+void LoadEntries(HMENU menu, const MenuTemplate& source)
+{
+    std::vector<HMENU> path{menu};
+    for (const MenuEntry& entry : source.entries)
+    {
+        const auto depth = static_cast<std::size_t>(entry.depth);
+        MenuRecord& above = *MenuTable::Get().Find(path.back());
+        if (depth < path.size())
+            path.resize(depth + 1);
+        else if (!above.items.empty())
+            path.push_back(MakeHead(above));
+        const UINT kind = entry.text.empty() ? MF_SEPARATOR : MF_STRING;
+        InsertMenuA(path.back(), kNoMenuEntry, MF_BYPOSITION | kind, entry.id, Utf8ToAnsi(entry.text).c_str());
+    }
 }
 
 } // namespace
 
+CMenu::~CMenu()
+{
+    const MenuRecord* const record = MenuTable::Get().Find(m_hMenu);
+    if (record && record->object == this)
+        DestroyMenu();
+}
+
+CMenu* CMenu::FromHandle(HMENU menu)
+{
+    MenuRecord* const record = MenuTable::Get().Find(menu);
+    if (!record || record->object)
+        return record ? record->object : nullptr;
+    if (!record->temporary)
+    {
+        record->temporary = std::make_unique<CMenu>();
+        record->temporary->m_hMenu = menu;
+    }
+    return record->temporary.get();
+}
+
+BOOL CMenu::Attach(HMENU menu)
+{
+    MenuRecord* const record = MenuTable::Get().Find(menu);
+    if (!record || record->object || m_hMenu)
+        return FALSE;
+    record->object = this;
+    m_hMenu = menu;
+    return TRUE;
+}
+
+BOOL CMenu::AttachKept(HMENU menu, std::unique_ptr<CMenu> object)
+{
+    if (!object->Attach(menu))
+        return FALSE;
+    MenuTable::Get().Find(menu)->kept = std::move(object);
+    return TRUE;
+}
+
+HMENU CMenu::Detach()
+{
+    if (MenuRecord* const record = MenuTable::Get().Find(m_hMenu); record && record->object == this)
+        record->object = nullptr;
+    return std::exchange(m_hMenu, {});
+}
+
+BOOL CMenu::CreatePopupMenu()
+{
+    return !m_hMenu && Attach(::CreatePopupMenu());
+}
+
+BOOL CMenu::DestroyMenu()
+{
+    return ::DestroyMenu(m_hMenu);
+}
+
 BOOL CMenu::LoadMenu(UINT id)
 {
-    const MenuTemplate* menu = FindTemplate(id);
-    if (!menu)
+    const MenuTemplate* const source = FindTemplate(id);
+    if (!source)
         return FALSE;
-    m_items.clear();
-    std::vector<CMenu*> path{this};
-    for (const MenuEntry& entry : menu->entries)
-    {
-        const auto depth = static_cast<std::size_t>(entry.depth);
-        if (depth < path.size())
-        {
-            path.resize(depth + 1);
-        }
-        else if (!path.back()->m_items.empty())
-        {
-            Item& head = path.back()->m_items.back();
-            head.subMenu = std::make_unique<CMenu>();
-            path.push_back(head.subMenu.get());
-        }
-        path.back()->m_items.push_back({entry.id, Utf8ToAnsi(entry.text), true, nullptr});
-    }
+    DestroyMenu();
+    CreatePopupMenu();
+    LoadEntries(m_hMenu, *source);
     return TRUE;
 }
 
 CMenu* CMenu::GetSubMenu(int position) const
 {
-    if (position < 0 || position >= GetMenuItemCount())
-        return nullptr;
-    return m_items[static_cast<std::size_t>(position)].subMenu.get();
+    return FromHandle(::GetSubMenu(m_hMenu, position));
 }
 
 BOOL CMenu::AppendMenu(UINT flags, UINT_PTR id, const std::string& text)
 {
-    Item item;
-    if (!(flags & MF_SEPARATOR))
-        item = {static_cast<UINT>(id), text, !(flags & MF_GRAYED), nullptr};
-    m_items.push_back(std::move(item));
-    return TRUE;
+    return InsertMenu(kNoMenuEntry, flags | MF_BYPOSITION, id, text);
 }
 
-int CMenu::EnableMenuItem(UINT id, UINT flags)
+BOOL CMenu::InsertMenu(UINT position, UINT flags, UINT_PTR id, const std::string& text)
 {
-    const auto item = FindItem(m_items, id, flags);
-    if (item != m_items.end())
-    {
-        const bool wasEnabled = std::exchange(item->enabled, !(flags & MF_GRAYED));
-        return static_cast<int>(wasEnabled ? MF_ENABLED : MF_GRAYED);
-    }
-    int before = -1;
-    for (const Item& head : m_items)
-    {
-        if (head.subMenu && before < 0)
-            before = head.subMenu->EnableMenuItem(id, flags);
-    }
-    return before;
+    return InsertMenuA(m_hMenu, position, flags, id, text.c_str());
+}
+
+BOOL CMenu::ModifyMenu(UINT position, UINT flags, UINT_PTR id, const std::string& text)
+{
+    return ModifyMenuA(m_hMenu, position, flags, id, text.c_str());
 }
 
 BOOL CMenu::RemoveMenu(UINT position, UINT flags)
 {
-    const auto item = FindItem(m_items, position, flags);
-    if (item == m_items.end())
-        return FALSE;
-    m_items.erase(item);
-    return TRUE;
+    return ::RemoveMenu(m_hMenu, position, flags);
+}
+
+BOOL CMenu::DeleteMenu(UINT position, UINT flags)
+{
+    return ::DeleteMenu(m_hMenu, position, flags);
+}
+
+int CMenu::EnableMenuItem(UINT position, UINT flags)
+{
+    return ::EnableMenuItem(m_hMenu, position, flags);
+}
+
+int CMenu::CheckMenuItem(UINT position, UINT flags)
+{
+    return ::CheckMenuItem(m_hMenu, position, flags);
 }
 
 int CMenu::GetMenuItemCount() const
 {
-    return static_cast<int>(m_items.size());
+    return ::GetMenuItemCount(m_hMenu);
 }
 
-BOOL CMenu::TrackPopupMenu(UINT, int x, int y, CWnd* owner)
+UINT CMenu::GetMenuItemID(int position) const
+{
+    return ::GetMenuItemID(m_hMenu, position);
+}
+
+UINT CMenu::GetMenuState(UINT position, UINT flags) const
+{
+    return ::GetMenuState(m_hMenu, position, flags);
+}
+
+std::string CMenu::EntryName(int position) const
+{
+    return GetMenuStringA(m_hMenu, static_cast<UINT>(position), MF_BYPOSITION);
+}
+
+int CMenu::TrackPopupMenu(UINT flags, int x, int y, CWnd* owner)
 {
     const HWND window = owner ? owner->m_hWnd : HWND();
     const auto record = WindowTable::Get().Find(window);
-    if (!record || !IsDesktopThread())
+    if (!record || !IsDesktopThread() || !m_hMenu)
         return FALSE;
-    const UINT command = RunPopupMenu(*this, QPoint(x, y), &record->Peer()->Widget());
+    const UINT command = RunPopupMenu(m_hMenu, QPoint(x, y), *record);
+    if (flags & TPM_RETURNCMD)
+        return static_cast<int>(command);
     if (command)
         SendMessageA(window, WM_COMMAND, command, 0);
     return command != 0;

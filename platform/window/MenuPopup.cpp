@@ -1,56 +1,100 @@
 #include "platform/window/MenuPopup_p.h"
 
+#include "platform/window/Menu.h"
+#include "platform/window/MenuTable_p.h"
+#include "platform/window/MenuWidget_p.h"
 #include "platform/window/QtText_p.h"
+#include "platform/window/WindowPeer_p.h"
+#include "platform/window/WindowRecord_p.h"
 
-#include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
 
 namespace
 {
 
-QString EntryText(const std::string& text)
+QString EntryText(const std::string& text, bool ownerDrawn)
 {
     QString entry = ToolkitText(text);
+    // What the owner draws has the shortcut within its own width.
+    if (ownerDrawn)
+        return entry.section(u'\t', 0, 0);
     // A tab without a shortcut behind it.
     if (entry.endsWith(u'\t'))
         entry.chop(1);
     return entry;
 }
 
-// A popup or a menu bar.
-template <class Menu>
-void Fill(Menu& popup, const CMenu& menu)
+// Fills a popup or a menu bar.
+class Filler
 {
-    for (const CMenu::Item& item : menu.Items())
+public:
+    explicit Filler(HWND owner) : m_owner(owner)
+    {}
+
+    template <class Menu>
+    void Fill(Menu& popup, HMENU menu) const
     {
-        QAction* action = nullptr;
-        if (item.subMenu)
+        // The entries are copied: whoever is asked for a name may change the menu.
+        const MenuRecord* const record = MenuTable::Get().Find(menu);
+        const std::vector<MenuItem> items = record ? record->items : std::vector<MenuItem>();
+        for (std::size_t i = 0; i < items.size(); ++i)
         {
-            QMenu* subMenu = popup.addMenu(EntryText(item.text));
-            Fill(*subMenu, *item.subMenu);
-            action = subMenu->menuAction();
+            QAction* const action = AddEntry(popup, menu, items[i], static_cast<int>(i));
+            action->setEnabled(items[i].IsEnabled());
+            action->setCheckable(items[i].flags & MF_CHECKED);
+            action->setChecked(items[i].flags & MF_CHECKED);
+            action->setData(items[i].id);
+        }
+    }
+
+private:
+    template <class Menu>
+    QAction* AddEntry(Menu& popup, HMENU menu, const MenuItem& item, int position) const
+    {
+        const bool ownerDrawn = item.flags & MF_OWNERDRAW;
+        QAction* action = nullptr;
+        if (item.flags & MF_SEPARATOR)
+        {
+            action = popup.addSeparator();
         }
         else
         {
-            action = item.text.empty() ? popup.addSeparator() : popup.addAction(EntryText(item.text));
+            const CMenu* const object = CMenu::FromHandle(menu);
+            const QString name = EntryText(object ? object->EntryName(position) : item.text, ownerDrawn);
+            action = item.flags & MF_POPUP ? AddPopup(popup, item.popup, name) : popup.addAction(name);
         }
-        action->setEnabled(item.enabled);
-        action->setData(item.id);
+        if constexpr (std::is_same_v<Menu, MenuWidget>)
+        {
+            if (ownerDrawn)
+                popup.SetOwnerDrawn(*action, item);
+        }
+        return action;
     }
-}
+
+    template <class Menu>
+    QAction* AddPopup(Menu& popup, HMENU menu, const QString& name) const
+    {
+        auto* const below = new MenuWidget(menu, m_owner, &popup);
+        below->setTitle(name);
+        Fill(*below, menu);
+        return popup.addMenu(below);
+    }
+
+    HWND m_owner;
+};
 
 } // namespace
 
-void FillMenuBar(QMenuBar& bar, const CMenu& menu)
+void FillMenuBar(QMenuBar& bar, HMENU menu)
 {
-    Fill(bar, menu);
+    Filler({}).Fill(bar, menu);
 }
 
-UINT RunPopupMenu(const CMenu& menu, const QPoint& globalPosition, QWidget* parent)
+UINT RunPopupMenu(HMENU menu, const QPoint& globalPosition, WindowRecord& owner)
 {
-    const QPointer<QMenu> popup = new QMenu(parent);
-    Fill(*popup, menu);
+    const QPointer<MenuWidget> popup = new MenuWidget(menu, owner.Handle(), &owner.Peer()->Widget());
+    Filler(owner.Handle()).Fill(*popup, menu);
     const QAction* chosen = popup->exec(globalPosition);
     const UINT command = popup && chosen ? chosen->data().toUInt() : 0;
     if (popup)

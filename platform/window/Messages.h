@@ -12,6 +12,8 @@ inline constexpr UINT WM_PAINT = 0x000F; // sent inside the toolkit's painting: 
 inline constexpr UINT WM_CLOSE = 0x0010;
 inline constexpr UINT WM_ERASEBKGND = 0x0014; // to labels that notify; WPARAM: the CDC to draw on
 inline constexpr UINT WM_SETCURSOR = 0x0020;  // see Cursor.h; an answer other than 0: the shape is set
+inline constexpr UINT WM_DRAWITEM = 0x002B; // this and the next one: see OwnerDraw.h
+inline constexpr UINT WM_MEASUREITEM = 0x002C;
 inline constexpr UINT WM_QUERYDRAGICON = 0x0037;
 inline constexpr UINT WM_NOTIFY = 0x004E;
 inline constexpr UINT WM_SETICON = 0x0080;
@@ -20,6 +22,8 @@ inline constexpr UINT WM_INITDIALOG = 0x0110;
 inline constexpr UINT WM_COMMAND = 0x0111;
 inline constexpr UINT WM_SYSCOMMAND = 0x0112;
 inline constexpr UINT WM_TIMER = 0x0113;
+// A key in a menu with owner-drawn entries. WPARAM: the character and, in the high word, MF_POPUP; LPARAM: the menu.
+inline constexpr UINT WM_MENUCHAR = 0x0120;
 inline constexpr UINT WM_MOUSEMOVE =
     0x0200; // this and the next two to views, splitters and labels that notify; LPARAM: PointFromLParam
 inline constexpr UINT WM_LBUTTONDOWN = 0x0201;
@@ -115,6 +119,11 @@ constexpr LPARAM ToLParam(HWND window)
     return static_cast<LPARAM>(window.value);
 }
 
+constexpr LPARAM ToLParam(HMENU menu)
+{
+    return static_cast<LPARAM>(menu.value);
+}
+
 // Width and height of the client area that WM_SIZE carries, in device-independent pixels.
 constexpr POINT SizeFromLParam(LPARAM value)
 {
@@ -135,6 +144,11 @@ constexpr LPARAM PairToLParam(LONG low, LONG high)
 }
 
 constexpr HWND HwndFromLParam(LPARAM value)
+{
+    return {static_cast<std::uint64_t>(value)};
+}
+
+constexpr HMENU HmenuFromLParam(LPARAM value)
 {
     return {static_cast<std::uint64_t>(value)};
 }

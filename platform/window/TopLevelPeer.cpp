@@ -12,15 +12,15 @@
 namespace
 {
 
-CMenu MakeSystemMenu(bool minimizeBox)
+void MakeSystemMenu(CMenu& menu, bool minimizeBox)
 {
-    CMenu menu;
+    menu.DestroyMenu();
+    menu.CreatePopupMenu();
     menu.AppendMenu(MF_STRING, SC_RESTORE, "&Restore");
     if (minimizeBox)
         menu.AppendMenu(MF_STRING, SC_MINIMIZE, "Mi&nimize");
     menu.AppendMenu(MF_SEPARATOR);
     menu.AppendMenu(MF_STRING, SC_CLOSE, "&Close\tAlt+F4");
-    return menu;
 }
 
 // Moves the area into the screen's, its top and left before all.
@@ -71,14 +71,15 @@ LRESULT TopLevelPeer::Default(UINT message, WPARAM wParam, LPARAM lParam)
 CMenu* TopLevelPeer::SystemMenu(bool revert)
 {
     if (m_systemMenu && revert)
-        *m_systemMenu = MakeSystemMenu(m_minimizeBox);
+        MakeSystemMenu(*m_systemMenu, m_minimizeBox);
     return m_systemMenu.get();
 }
 
 void TopLevelPeer::EnableSystemMenu(bool minimizeBox)
 {
     m_minimizeBox = minimizeBox;
-    m_systemMenu = std::make_unique<CMenu>(MakeSystemMenu(minimizeBox));
+    m_systemMenu = std::make_unique<CMenu>();
+    MakeSystemMenu(*m_systemMenu, minimizeBox);
 }
 
 void TopLevelPeer::PopUpSystemMenu(const QPoint& globalPosition)
@@ -87,7 +88,7 @@ void TopLevelPeer::PopUpSystemMenu(const QPoint& globalPosition)
     const bool iconic = Widget().isMinimized();
     m_systemMenu->EnableMenuItem(SC_RESTORE, iconic ? MF_ENABLED : MF_GRAYED);
     m_systemMenu->EnableMenuItem(SC_MINIMIZE, iconic ? MF_GRAYED : MF_ENABLED);
-    if (const UINT chosen = RunPopupMenu(*m_systemMenu, globalPosition, &Widget()))
+    if (const UINT chosen = RunPopupMenu(m_systemMenu->m_hMenu, globalPosition, *record))
         record->SendFromToolkit(WM_SYSCOMMAND, chosen, 0);
 }
 

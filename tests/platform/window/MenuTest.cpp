@@ -1,5 +1,7 @@
 #include "TestDialog.h"
 
+#include "platform/window/OwnerDraw.h"
+
 using Entries = std::vector<std::string>;
 
 TEST(Menus, EntriesCanBeChanged)
@@ -21,9 +23,9 @@ TEST(Menus, EntriesCanBeChanged)
     EXPECT_TRUE(popup->AppendMenu(MF_SEPARATOR));
     EXPECT_TRUE(popup->AppendMenu(MF_STRING | MF_GRAYED, 400, "&Last"));
     ASSERT_EQ(popup->GetMenuItemCount(), 3);
-    EXPECT_EQ(popup->Items()[0].id, ID_GREYED);
-    EXPECT_EQ(popup->Items()[2].text, "&Last");
-    EXPECT_FALSE(popup->Items()[2].enabled);
+    EXPECT_EQ(popup->GetMenuItemID(0), ID_GREYED);
+    EXPECT_EQ(popup->EntryName(2), "&Last");
+    EXPECT_EQ(popup->GetMenuState(2, MF_BYPOSITION), MF_GRAYED);
 }
 
 TEST(Menus, TheChosenEntryArrivesBeforeTheMenuReturns)
@@ -88,4 +90,111 @@ TEST(Menus, EntriesOfTheSystemMenuArriveAsSystemCommands)
         robot.Key("Esc");
     });
     EXPECT_EQ(commands, (std::vector<WPARAM>{ID_SYSTEM, ID_SYSTEM}));
+}
+
+TEST(Menus, HandlesOutliveTheirMenus)
+{
+    const HMENU menu = CreatePopupMenu();
+    const HMENU popup = CreatePopupMenu();
+    const HMENU other = CreatePopupMenu();
+    ASSERT_TRUE(InsertMenuA(popup, 0, MF_BYPOSITION | MF_CHECKED, 7, "&Seven"));
+    ASSERT_TRUE(InsertMenuA(menu, 0, MF_BYPOSITION | MF_POPUP, popup.value, "&Below"));
+    ASSERT_TRUE(InsertMenuA(menu, 0, MF_BYPOSITION | MF_SEPARATOR, 9, "none"));
+    ASSERT_TRUE(InsertMenuA(menu, 7, MF_BYCOMMAND, 8, "Eight")); // before another one, in the popup
+    EXPECT_FALSE(InsertMenuA(popup, 0, MF_BYPOSITION | MF_POPUP, menu.value, "in a ring"));
+    EXPECT_FALSE(ModifyMenuA(popup, 0, MF_BYPOSITION | MF_POPUP, popup.value, "in itself"));
+
+    EXPECT_EQ(GetMenuState(menu, 0, MF_BYPOSITION), MF_SEPARATOR);
+    EXPECT_EQ(GetMenuItemID(menu, 0), 0u);
+    EXPECT_EQ(GetMenuState(menu, 1, MF_BYPOSITION), MF_POPUP | 2u << 8);
+    EXPECT_EQ(GetMenuItemID(menu, 1), kNoMenuEntry);
+    EXPECT_EQ(GetMenuState(menu, 7, MF_BYCOMMAND), MF_CHECKED);
+    EXPECT_EQ(GetMenuStringA(menu, 8, MF_BYCOMMAND), "Eight");
+    EXPECT_EQ(CheckMenuItem(menu, 7, MF_UNCHECKED), int{MF_CHECKED});
+    EXPECT_EQ(GetMenuState(menu, 2, MF_BYPOSITION), kNoMenuEntry);
+
+    // An owner-drawn entry has no text; a popup stays where it is named again, and goes where it is not.
+    ASSERT_TRUE(ModifyMenuA(menu, 1, MF_BYPOSITION | MF_POPUP | MF_OWNERDRAW, popup.value, nullptr));
+    EXPECT_EQ(GetMenuStringA(menu, 1, MF_BYPOSITION), "");
+    EXPECT_TRUE(IsMenu(popup));
+    ASSERT_TRUE(ModifyMenuA(menu, 1, MF_BYPOSITION, 5, "Five"));
+    EXPECT_FALSE(IsMenu(popup));
+    EXPECT_EQ(GetMenuItemCount(popup), -1);
+    EXPECT_EQ(CMenu::FromHandle(popup), nullptr);
+
+    ASSERT_TRUE(InsertMenuA(menu, 0, MF_BYPOSITION | MF_POPUP, other.value, "Other"));
+    ASSERT_TRUE(RemoveMenu(menu, 0, MF_BYPOSITION));
+    EXPECT_TRUE(IsMenu(other));
+    ASSERT_TRUE(InsertMenuA(menu, 0, MF_BYPOSITION | MF_POPUP, other.value, "Other"));
+    CMenu* const temporary = CMenu::FromHandle(other);
+    {
+        CMenu object;
+        ASSERT_TRUE(object.Attach(menu));
+        EXPECT_FALSE(CMenu().Attach(menu));
+        EXPECT_EQ(CMenu::FromHandle(menu), &object);
+        EXPECT_EQ(object.GetSubMenu(0), temporary);
+    }
+    EXPECT_FALSE(IsMenu(menu));
+    EXPECT_FALSE(IsMenu(other));
+    EXPECT_FALSE(DestroyMenu(other));
+}
+
+TEST(Menus, TheOwnerDrawsItsEntriesAndFindsTheirKeys)
+{
+    TestDialog dialog;
+    CMenu menu;
+    ASSERT_TRUE(menu.CreatePopupMenu());
+    const HMENU handle = menu.m_hMenu;
+    const int kData[] = {1, 2};
+    for (const int& data : kData)
+        InsertMenuA(handle, kNoMenuEntry, MF_BYPOSITION | MF_OWNERDRAW, 40u + data,
+                    reinterpret_cast<const char*>(&data));
+    menu.CheckMenuItem(42, MF_CHECKED);
+    std::map<UINT, UINT> states;
+    std::map<UINT, RECT> places;
+    std::vector<WPARAM> characters;
+    std::vector<int> chosen;
+    LRESULT found = 0;
+    dialog.m_answers[WM_MEASUREITEM] = [&](WPARAM, LPARAM lParam) {
+        auto& item = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
+        EXPECT_EQ(item.itemData, reinterpret_cast<DWORD_PTR>(&kData[item.itemID - 41]));
+        EXPECT_GT(item.hDC->GetTextExtent("MM").cx, item.hDC->GetTextExtent("&M").cx);
+        item.itemWidth = 123;
+        item.itemHeight = 31;
+        return LRESULT{TRUE};
+    };
+    dialog.m_answers[WM_DRAWITEM] = [&](WPARAM, LPARAM lParam) {
+        const auto& item = *reinterpret_cast<DRAWITEMSTRUCT*>(lParam);
+        states[item.itemID] = item.itemState & ~ODS_NOACCEL;
+        places[item.itemID] = item.rcItem;
+        item.hDC->FillSolidRect(item.rcItem, 0);
+        return LRESULT{TRUE};
+    };
+    dialog.m_answers[WM_MENUCHAR] = [&](WPARAM wParam, LPARAM lParam) {
+        characters.push_back(wParam);
+        EXPECT_EQ(HmenuFromLParam(lParam), handle);
+        return found;
+    };
+    dialog.m_onAct = [&] { chosen.push_back(menu.TrackPopupMenu(TPM_RETURNCMD, 10, 10, &dialog)); };
+    dialog.Play([&](Robot& robot) {
+        robot.Press("Act");
+        robot.WaitUntil([&] { return places.count(42) > 0; }, "the entries");
+        robot.Key("X"); // means nothing
+        found = LRESULT{1} | LRESULT{MNC_SELECT} << 16;
+        robot.Key("Y");
+        robot.WaitUntil([&] { return (states[42] & ODS_SELECTED) != 0; }, "the second entry to be highlighted");
+        found = LRESULT{0} | LRESULT{MNC_EXECUTE} << 16;
+        robot.Key("Z");
+        robot.Press("Act");
+        robot.MenuEntries();
+        DestroyMenu(handle); // while it is on show
+        robot.Key("Down");
+        robot.Key("Return");
+        robot.Press("Cancel");
+    });
+    EXPECT_EQ(places[42].bottom - places[42].top, 31);
+    EXPECT_GE(places[42].right - places[42].left, 123);
+    EXPECT_EQ(states[42] & ODS_CHECKED, ODS_CHECKED);
+    EXPECT_EQ(characters, (std::vector<WPARAM>{u'x' | 0x100000, u'y' | 0x100000, u'z' | 0x100000}));
+    EXPECT_EQ(chosen, (std::vector<int>{41, 41}));
 }
