@@ -49,3 +49,10 @@ long ShellExecuteA(HWND, const char* verb, const char* file, const char* paramet
     return !target.empty() && StartProcess({"xdg-open", target}) == 0 ? kStarted
                                                                       : static_cast<long>(ERROR_FILE_NOT_FOUND);
 }
+
+BOOL ShellExecuteExA(SHELLEXECUTEINFOA* info)
+{
+    info->hInstApp =
+        ShellExecuteA(info->hwnd, info->lpVerb, info->lpFile, info->lpParameters, info->lpDirectory, info->nShow);
+    return info->hInstApp >= kStarted;
+}

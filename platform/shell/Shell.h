@@ -10,6 +10,25 @@
 long ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters, const char* directory,
                    int showCommand);
 
+// Flags of SHELLEXECUTEINFOA.
+inline constexpr DWORD SEE_MASK_FLAG_NO_UI = 0x400; // no message of a failure: always so
+
+struct SHELLEXECUTEINFOA
+{
+    DWORD cbSize = sizeof(SHELLEXECUTEINFOA);
+    DWORD fMask = 0;
+    HWND hwnd;
+    const char* lpVerb = nullptr;
+    const char* lpFile = nullptr;
+    const char* lpParameters = nullptr;
+    const char* lpDirectory = nullptr;
+    int nShow = 0;
+    long hInstApp = 0; // out: what ShellExecuteA answers
+};
+
+// ShellExecuteA with its arguments in a record. FALSE if nothing was started.
+BOOL ShellExecuteExA(SHELLEXECUTEINFOA* info);
+
 // Runs a command line, without a command shell: words are parted by blanks and tabs, double quotes group and are taken
 // off, no other character means anything. The first word behind the program that PathIsURLA takes for an address is one
 // argument with all that follows it, as it stands: nothing in an address becomes an option or an argument of its own.

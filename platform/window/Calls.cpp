@@ -97,6 +97,12 @@ HWND WindowOf(const QWidget* widget)
     return {};
 }
 
+bool IsTabStop(const QWidget& control, const QWidget& dialog)
+{
+    return dialog.isAncestorOf(&control) && (control.focusPolicy() & Qt::TabFocus) == Qt::TabFocus &&
+           control.isEnabled() && control.isVisible();
+}
+
 bool IsChild(HWND window)
 {
     return WithWidget(window, [](QWidget& widget) { return !widget.isWindow(); });
@@ -278,6 +284,32 @@ HWND GetFocus()
 {
     HWND window;
     RunOnDesktop([&window] { window = WindowOf(QApplication::focusWidget()); });
+    return window;
+}
+
+HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous)
+{
+    const auto surface = Find(dialog);
+    return WithWidget(control, [&](QWidget& from) {
+        QWidget* next = &from;
+        do
+            next = previous ? next->previousInFocusChain() : next->nextInFocusChain();
+        while (next != &from && !(surface && IsTabStop(*next, surface->Peer()->Widget())));
+        return next == &from ? HWND() : WindowOf(next);
+    });
+}
+
+HWND GetActiveWindow()
+{
+    HWND window;
+    RunOnDesktop([&window] { window = WindowOf(QApplication::activeWindow()); });
+    return window;
+}
+
+HWND WindowFromPoint(POINT point)
+{
+    HWND window;
+    RunOnDesktop([&] { window = WindowOf(QApplication::widgetAt(point.x, point.y)); });
     return window;
 }
 

@@ -50,6 +50,13 @@ BOOL DestroyWindow(HWND window);
 // that is none of the program's, or stands in a window that is not active.
 HWND SetFocus(HWND window);
 HWND GetFocus();
+// The control behind, or before, this one in Tab order that Tab would lead to now, round the dialog's end; null if
+// there is none but this one.
+HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
+// The top window of the program that the desktop has active; null if there is none.
+HWND GetActiveWindow();
+// The program's window, or control, that is in front there; null if there is none.
+HWND WindowFromPoint(POINT point);
 // Negative while VK_SHIFT or VK_CONTROL is held, as of the key that is being handled. User-interface thread.
 short GetKeyState(int key);
 

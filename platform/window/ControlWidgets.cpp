@@ -4,7 +4,6 @@
 #include "platform/window/ProgressWords_p.h"
 
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFrame>
 
@@ -24,20 +23,6 @@ bool TipIfCut(QEvent* event, const QString& text, int room, QWidget& widget)
 }
 
 } // namespace
-
-PushButtonWidget::PushButtonWidget(QWidget* parent) : ButtonWidget(parent)
-{
-    // The default button is the template's choice, not the toolkit's.
-    setAutoDefault(false);
-}
-
-void PushButtonWidget::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        ButtonWidget::keyPressEvent(event);
-}
 
 LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent)
 {

@@ -43,16 +43,6 @@ public:
     }
 };
 
-// Enter on the button that has the focus presses that one, and not the default button.
-class PushButtonWidget : public ButtonWidget<QPushButton>
-{
-public:
-    explicit PushButtonWidget(QWidget* parent);
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-};
-
 class LabelWidget : public QLabel, public WindowPeer
 {
 public:

@@ -2,7 +2,10 @@
 
 #include "platform/window/Calls.h"
 #include "platform/window/Cursor_p.h"
+#include "platform/window/Desktop_p.h"
+#include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
+#include "platform/window/WindowTable_p.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -40,4 +43,10 @@ DWORD GetMessagePos()
     POINT place;
     GetCursorPos(&place);
     return static_cast<DWORD>(PairToLParam(place.x, place.y));
+}
+
+BOOL _TrackMouseEvent(TRACKMOUSEEVENT* event)
+{
+    const auto record = WindowTable::Get().Find(event->hwndTrack);
+    return record && IsDesktopThread() && event->dwFlags == TME_LEAVE && record->Peer()->TrackLeave();
 }

@@ -1,5 +1,8 @@
-// The shape of the pointer, which a label that notifies asks for with WM_SETCURSOR whenever the pointer moves on it.
+// The shape of the pointer, which a label that notifies, or an owner-drawn button, asks for with WM_SETCURSOR whenever
+// the pointer moves on it; and where the pointer is.
 #pragma once
+
+#include "platform/window/Handle.h"
 
 #include "platform/Types.h"
 
@@ -19,3 +22,17 @@ void SetCursor(HCURSOR cursor);
 // Where the pointer is on the screen, in device-independent pixels; see PointFromLParam. On a desktop that does not
 // tell programs of a pointer outside their windows (Wayland): where it was last seen. Any thread.
 DWORD GetMessagePos();
+
+inline constexpr DWORD TME_LEAVE = 2;
+
+struct TRACKMOUSEEVENT
+{
+    DWORD cbSize = sizeof(TRACKMOUSEEVENT);
+    DWORD dwFlags = 0;
+    HWND hwndTrack;
+    DWORD dwHoverTime = 0;
+};
+
+// Asks for one WM_MOUSELEAVE, which comes soon if the pointer is not on the window. FALSE for a window other than an
+// owner-drawn button, or another flag than TME_LEAVE. User-interface thread.
+BOOL _TrackMouseEvent(TRACKMOUSEEVENT* event);

@@ -46,6 +46,14 @@ inline constexpr UINT DFCS_MENUARROW = 0x00;
 inline constexpr UINT DFCS_MENUCHECK = 0x01;
 inline constexpr UINT DFC_SCROLL = 3;
 inline constexpr UINT DFCS_SCROLLDOWN = 0x01; // the arrow alone
+inline constexpr UINT DFC_BUTTON = 4;
+inline constexpr UINT DFCS_BUTTONCHECK = 0x0000; // the box of a check box
+inline constexpr UINT DFCS_BUTTONPUSH = 0x0010;  // the face of a push button
+inline constexpr UINT DFCS_INACTIVE = 0x0100;    // disabled; the states of buttons, to be joined
+inline constexpr UINT DFCS_PUSHED = 0x0200;
+inline constexpr UINT DFCS_CHECKED = 0x0400;
+inline constexpr UINT DFCS_HOT = 0x1000;
+inline constexpr UINT DFCS_DEFAULT = 0x10000; // this layer's own
 
 inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 inline constexpr COLORREF CLR_DEFAULT = 0xFF000000; // for what takes a colour or the desktop's own
@@ -66,8 +74,13 @@ public:
     void DrawText(const std::string& text, const RECT& rect, UINT format);
     // What DrawText needs for the whole text, its prefixes taken as such.
     SIZE GetTextExtent(const std::string& text) const;
-    // A part of a control in the middle of the rectangle: marks in the text colour.
+    // A part of a control in the desktop's look: faces fill the rectangle, boxes and marks stand in the middle of it,
+    // marks in the text colour.
     void DrawFrameControl(const RECT& rect, UINT type, UINT state);
+    // What tells a control that has the focus.
+    void DrawFocusRect(const RECT& rect);
+    // Of faces from now on, instead of the desktop's; gives the colour so far, CLR_INVALID for the desktop's.
+    COLORREF SetBkColor(COLORREF color);
     // Of texts from now on; gives the colour so far.
     COLORREF SetTextColor(COLORREF color);
     // Of texts from now on.

@@ -7,6 +7,7 @@
 #include "platform/window/LinkWidget_p.h"
 #include "platform/window/ListBoxWidget_p.h"
 #include "platform/window/ListWidget_p.h"
+#include "platform/window/PushButtonWidget_p.h"
 #include "platform/window/TabWidget_p.h"
 
 #include <QButtonGroup>

@@ -1,6 +1,7 @@
 #include "platform/window/DialogWidget_p.h"
 
 #include "platform/window/Calls.h"
+#include "platform/window/PushButtonWidget_p.h"
 #include "platform/window/WindowRecord_p.h"
 
 #include <QCloseEvent>
@@ -8,7 +9,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QShortcut>
 
 namespace
@@ -112,9 +112,10 @@ void DialogWidget::PressCancel()
 
 void DialogWidget::PressDefaultButton()
 {
-    for (QPushButton* button : findChildren<QPushButton*>())
+    for (QPushButton* child : findChildren<QPushButton*>())
     {
-        if (button->isDefault() && button->isVisible())
+        auto* const button = dynamic_cast<PushButtonWidget*>(child);
+        if (button && button->isVisible() && button->ActsAsDefault())
         {
             button->click();
             return;

@@ -89,11 +89,7 @@ void LinkWidget::Paint()
 
 void LinkWidget::Click()
 {
-    const auto record = m_record;
-    record->SendFromToolkit(OCM_COMMAND, static_cast<WPARAM>(record->Id() & 0xFFFF) | STN_CLICKED << 16,
-                            ToLParam(record->Handle()));
-    if (!record->IsGone())
-        record->NotifyCommand(STN_CLICKED);
+    m_record->NotifyCommand(STN_CLICKED);
 }
 
 void LinkWidget::keyPressEvent(QKeyEvent* event)

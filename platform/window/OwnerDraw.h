@@ -1,5 +1,6 @@
 // What the owner of something is asked that it measures and draws itself. User-interface thread only.
 //
+// A button that is owner-drawn by BM_SETSTYLE: WM_DRAWITEM at each painting, to the button itself.
 // The entries of a menu: WM_MEASUREITEM before the menu shows, WM_DRAWITEM at each painting, to the window that the
 // menu was shown for. An entry whose owner answers FALSE is drawn in the desktop's own look, with its name as the text.
 #pragma once
@@ -10,13 +11,15 @@
 #include "platform/Types.h"
 
 inline constexpr UINT ODT_MENU = 1;
+inline constexpr UINT ODT_BUTTON = 4;
 inline constexpr UINT ODA_DRAWENTIRE = 1;
 
 // itemState
-inline constexpr UINT ODS_SELECTED = 0x001; // of a menu: the highlighted entry
+inline constexpr UINT ODS_SELECTED = 0x001; // of a menu: the highlighted entry; of a button: pressed
 inline constexpr UINT ODS_GRAYED = 0x002;
 inline constexpr UINT ODS_DISABLED = 0x004;
 inline constexpr UINT ODS_CHECKED = 0x008;
+inline constexpr UINT ODS_FOCUS = 0x010;
 inline constexpr UINT ODS_NOACCEL = 0x100; // the desktop underlines no mnemonics
 
 // LPARAM of WM_MEASUREITEM, in device-independent pixels.

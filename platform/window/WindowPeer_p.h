@@ -32,6 +32,11 @@ public:
     // Sends WM_SIZE if the size is not the one that was told last; the toolkit tells a hidden widget late.
     virtual void TellSize()
     {}
+    // Has WM_MOUSELEAVE sent once; false for a window that is not told of the mouse.
+    virtual bool TrackLeave()
+    {
+        return false;
+    }
     virtual CMenu* SystemMenu(bool)
     {
         return nullptr;

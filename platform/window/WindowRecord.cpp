@@ -260,8 +260,10 @@ LRESULT WindowRecord::DefaultOfCurrent()
 
 void WindowRecord::NotifyCommand(UINT code)
 {
-    if (m_parent)
-        m_parent->SendFromToolkit(WM_COMMAND, static_cast<WPARAM>(m_id & 0xFFFF) | code << 16, ToLParam(m_handle));
+    const auto self = shared_from_this();
+    const WPARAM command = static_cast<WPARAM>(m_id & 0xFFFF) | code << 16;
+    if (!SendFromToolkit(OCM_COMMAND, command, ToLParam(m_handle)) && !m_gone && m_parent)
+        m_parent->SendFromToolkit(WM_COMMAND, command, ToLParam(m_handle));
 }
 
 LRESULT WindowRecord::NotifyParent(NMHDR& head)

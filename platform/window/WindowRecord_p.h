@@ -97,7 +97,7 @@ public:
     LRESULT SendFromToolkit(UINT message, WPARAM wParam, LPARAM lParam);
     // The default handling of the message in hand.
     LRESULT DefaultOfCurrent();
-    // WM_COMMAND of this control to its parent.
+    // WM_COMMAND of this control to itself, as OCM_COMMAND, and to its parent.
     void NotifyCommand(UINT code);
     // WM_NOTIFY to the parent; gives its answer.
     LRESULT NotifyParent(NMHDR& head);

@@ -90,6 +90,7 @@ BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent)
             return;
         record.Attach(*this, false);
         attached = true;
+        PreSubclassWindow();
     });
     return attached;
 }
@@ -264,6 +265,9 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         return entry->handler(*this, wParam, lParam);
     return DefWindowProc(message, wParam, lParam);
 }
+
+void CWnd::PreSubclassWindow()
+{}
 
 const MessageMap& CWnd::GetMessageMap() const
 {

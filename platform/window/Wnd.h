@@ -87,6 +87,8 @@ public:
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
 protected:
+    // Called by SubclassDlgItem, once this object has the window.
+    virtual void PreSubclassWindow();
     virtual const MessageMap& GetMessageMap() const;
     static const MessageMap& StaticMessageMap(); // the end of every chain, empty
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
