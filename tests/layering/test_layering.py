@@ -16,6 +16,7 @@ PRODUCT = {
     'controls': {'base'},
     'persist': {'base'},
     'base': set(),
+    'demo': {'controls', 'base'},
 }
 ALLOWED = {folder: below | {folder, 'platform', 'resources'} for folder, below in PRODUCT.items()}
 ALLOWED |= {'resources': {'resources', 'platform'}, 'platform': {'platform'}}
