@@ -112,6 +112,46 @@ TEST_F(RichButtonTest, ReactsToTheMouseAsLongAsItIsThere)
     EXPECT_EQ(dialog.m_commands, std::vector<WPARAM>{IDC_RICH});
 }
 
+TEST_F(RichButtonTest, IsAtRestWhenTheInputGoesElsewhere)
+{
+    const struct
+    {
+        UINT message;
+        WPARAM wParam;
+        bool over; // afterwards
+    } cases[] = {
+        {WM_MOUSELEAVE, 0, false},      {WM_KILLFOCUS, 0, false},          {WM_CANCELMODE, 0, false},
+        {WM_ACTIVATE, WA_ACTIVE, true}, {WM_ACTIVATE, WA_INACTIVE, false}, {WM_ENABLE, TRUE, true},
+    };
+    RichDialog dialog;
+    dialog.Play([&](Robot& robot) {
+        robot.PointAt("Rich");
+        for (const auto& [message, wParam, over] : cases)
+        {
+            dialog.m_rich.SendMessage(WM_MOUSEMOVE);
+            EXPECT_TRUE(dialog.m_rich.IsOver());
+            dialog.m_rich.SendMessage(message, wParam);
+            EXPECT_EQ(dialog.m_rich.IsOver(), over) << message << ' ' << wParam;
+        }
+        // With the button held, a mouse that comes from elsewhere is none of its business.
+        dialog.m_rich.SendMessage(WM_MOUSELEAVE);
+        dialog.m_rich.SendMessage(WM_MOUSEMOVE, MK_LBUTTON);
+        EXPECT_FALSE(dialog.m_rich.IsOver());
+        dialog.m_rich.SendMessage(WM_MOUSEMOVE);
+        EXPECT_TRUE(dialog.m_rich.IsOver());
+    });
+}
+
+TEST_F(RichButtonTest, LeavesTheFocusToItsDialogWhereNothingElseTakesIt)
+{
+    RichDialog dialog(IDD_DEFAULT);
+    dialog.Play([&](Robot& robot) {
+        EXPECT_EQ(robot.FocusName(), "Rich");
+        dialog.m_rich.EnableWindow(FALSE);
+        EXPECT_EQ(GetFocus(), dialog.m_hWnd);
+    });
+}
+
 TEST_F(RichButtonTest, TicksAsACheckBox)
 {
     RichDialog dialog;
