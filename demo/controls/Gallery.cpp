@@ -10,7 +10,9 @@ class CGalleryApp : public CWinApp
 public:
     BOOL InitInstance() override
     {
-        CGalleryDlg().DoModal();
+        CGalleryDlg gallery;
+        m_pMainWnd = &gallery;
+        gallery.DoModal();
         return FALSE;
     }
 };
