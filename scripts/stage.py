@@ -229,6 +229,13 @@ class Screen(contextlib.AbstractContextManager):
     def activate(self, title):
         self.xdotool('windowactivate', '--sync', self.window(title))
 
+    def wait_until_active(self, title, besides=None):
+        """Leaves the choice to the window manager; `besides` is the number of a window that does not count."""
+        def active():
+            number = self.xdotool('getactivewindow')
+            return number != besides and self.xdotool('getwindowname', number) == title
+        wait_for(active, f'the window "{title}" to be the active one')
+
     def press(self, title, keys):
         """Keys as xdotool names them, to the window with a title."""
         self.activate(title)

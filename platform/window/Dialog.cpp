@@ -23,6 +23,7 @@ void ShowModal(WindowRecord& record)
     QWidget& widget = record.Peer()->Widget();
     if (widget.parentWidget())
         widget.setWindowModality(Qt::WindowModal);
+    HangOnFrontWindow(widget);
     widget.show();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/QtText_p.h"
 #include "platform/window/Resource.h"
+#include "platform/window/TopLevelPeer_p.h"
 #include "platform/window/WinApp.h"
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
@@ -127,6 +128,7 @@ void OpenBox(HWND owner, const std::string& text, const std::string& caption, UI
         box->deleteLater();
     });
     QObject::connect(box, &QObject::destroyed, [=] { wait->End(buttons.back().answer); });
+    HangOnFrontWindow(*box);
     box->open();
 }
 

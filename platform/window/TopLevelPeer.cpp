@@ -8,6 +8,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 namespace
 {
@@ -39,7 +40,32 @@ QScreen* ScreenInUse()
     return screen ? screen : QGuiApplication::primaryScreen();
 }
 
+// The last made of the windows on show that hang on `window`. Boxes go before what they stand over, so none counts.
+QWidget* WindowBefore(const QWidget& window, const QWidget& besides)
+{
+    QWidget* last = nullptr;
+    for (QWidget* child : window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+    {
+        const bool stands = child->isVisible() && child->windowHandle() && child != &besides;
+        if (stands && dynamic_cast<TopLevelPeer*>(child))
+            last = child;
+    }
+    return last;
+}
+
 } // namespace
+
+void HangOnFrontWindow(QWidget& modal)
+{
+    QWidget* front = nullptr;
+    const QWidget* above = modal.parentWidget();
+    while (QWidget* next = above ? WindowBefore(*above, modal) : nullptr)
+        above = front = next;
+    if (!front)
+        return;
+    modal.winId(); // from now on it has a window
+    modal.windowHandle()->setTransientParent(front->windowHandle());
+}
 
 void TopLevelPeer::ShowText(const QString& text)
 {

@@ -14,6 +14,11 @@ inline constexpr UINT SC_MINIMIZE = 0xF020;
 inline constexpr UINT SC_CLOSE = 0xF060;
 inline constexpr UINT SC_RESTORE = 0xF120;
 
+// To be called before a modal window is shown: has it hang on the window that stands in front of its parent, if there
+// is one. Beside that one it would lose the keyboard, since the toolkit hands the activation of a blocked sibling to
+// the parent of both.
+void HangOnFrontWindow(QWidget& modal);
+
 class TopLevelPeer : public WindowPeer
 {
 public:

@@ -52,6 +52,24 @@ class MainJob(demo.DemoTest):
         self.assertTrue(both.startswith(first))
         self.assertEqual(1, both[len(first):].count('<LOCAL_FILE>'))
 
+    def test_a_run_without_its_folder_takes_the_one_of_the_settings(self):
+        (self.home / 'config.xml').write_text('<CONFIG><SAVEFOLDER>/nowhere/at all</SAVEFOLDER></CONFIG>')
+        self.folder = self.base / 'chosen'
+        settings = 'Configuration...'
+        with stage.process([stage.PROGRAM], env=self.screen.environment | self.variables) as program:
+            main = self.screen.window(stage.MAIN_WINDOW)
+            self.screen.press(stage.MAIN_WINDOW, 'alt+d')
+            # From here on the keys go to what has the keyboard: the message first, titled as the main window.
+            self.screen.wait_until_active(stage.MAIN_WINDOW, besides=main)
+            self.screen.xdotool('key', 'Return')
+            self.screen.wait_until_active(settings)
+            self.screen.xdotool('key', 'Tab')
+            self.screen.xdotool('type', str(self.folder))
+            self.screen.xdotool('key', 'Return')
+            self.screen.leave(stage.RUN_ENDED, 'Escape')
+            self.assertEqual(0, stage.leave_program(self.screen, program))
+        self.assert_same_files(SAVED, self.saved())
+
 
 if __name__ == '__main__':
     unittest.main()
