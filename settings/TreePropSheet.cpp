@@ -3,6 +3,8 @@
 #include "settings/ThemedPageFrame.h"
 #include "settings/TreeWalk.h"
 
+#include <new>
+
 namespace
 {
 
@@ -14,6 +16,15 @@ constexpr const char* kTreeName = "PageTree";
 constexpr int kDefaultIcons = 2;
 constexpr int kIconSize = 16;
 constexpr LONG kTreeGap = 5; // between the tree and the frame
+
+// What an override could not make is a lack of memory.
+template <class Part>
+std::unique_ptr<Part> Checked(std::unique_ptr<Part> part)
+{
+    if (!part)
+        throw std::bad_alloc();
+    return part;
+}
 
 } // namespace
 
@@ -126,7 +137,7 @@ RECT CTreePropSheet::PlacePageFrame()
     tabs.GetWindowRect(&area);
     ScreenToClient(&area);
 
-    m_pPageFrame = MakePageFrame();
+    m_pPageFrame = Checked(MakePageFrame());
     m_pPageFrame->Create(area, this, kFrameId);
     m_pPageFrame->ShowCaption(m_bPageCaption);
     const LONG treeWidth = TreeWidth();
@@ -190,7 +201,7 @@ void CTreePropSheet::Resize(LONG widthBy, LONG topBy, LONG bottomBy)
 
 void CTreePropSheet::PlaceTree(const RECT& area)
 {
-    m_pPageTree = MakeTreeObject();
+    m_pPageTree = Checked(MakeTreeObject());
     m_pPageTree->Create(area, this, kTreeId);
     m_pPageTree->SetWindowText(kTreeName);
 }

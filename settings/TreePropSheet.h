@@ -38,7 +38,7 @@ public:
     static void ReleasePageIcon(CPropertyPage& page);
 
 protected:
-    // The message of a node without a page.
+    // The message of a node without a page, and the parts. A part that is null raises std::bad_alloc.
     virtual std::string MakeEmptyPageText(const std::string& itemText);
     virtual std::unique_ptr<CTreeCtrl> MakeTreeObject();
     virtual std::unique_ptr<CPageFrame> MakePageFrame();
