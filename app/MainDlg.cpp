@@ -35,6 +35,12 @@ const MessageMap& CMainDlg::GetMessageMap() const
                                     OnCommand(IDC_HISTORY, &CMainDlg::OnHistory),
                                     OnCommand(IDC_SETUP, &CMainDlg::OnSetup),
                                     OnCommand(IDC_HELP_MENU, &CMainDlg::OnHelpMenu),
+                                    OnCommand(ID_USER_MANUAL, &CMainDlg::OnUserManual),
+                                    OnCommand(ID_CHECK_VERSION, &CMainDlg::OnCheckVersion),
+                                    OnCommand(ID_HOME_PAGE, &CMainDlg::OnHomePage),
+                                    OnCommand(ID_EMAIL_SUPPORT, &CMainDlg::OnEmailSupport),
+                                    OnCommand(ID_ABOUT, &CMainDlg::OnAbout),
+                                    OnSysCommand(&CMainDlg::OnSystemCommand),
                                     OnCommand(ID_SELECT_ALL, &CMainDlg::OnSelectAll),
                                     OnCommand(ID_REVERSE_SELECT, &CMainDlg::OnReverseSelect),
                                 }};
@@ -77,16 +83,6 @@ BOOL CMainDlg::OnInitDialog()
     m_list.Prepare();
     OnRefresh();
     return TRUE;
-}
-
-void CMainDlg::AppendAboutToSystemMenu()
-{
-    CMenu* const menu = GetSystemMenu(FALSE);
-    const std::string about = AfxLoadString(IDS_ABOUT_SYSTEM);
-    if (!menu || about.empty())
-        return;
-    menu->AppendMenu(MF_SEPARATOR);
-    menu->AppendMenu(MF_STRING, ID_ABOUT_SYSTEM, about);
 }
 
 bool CMainDlg::CreateProgressWindow()
@@ -197,13 +193,4 @@ LRESULT CMainDlg::OnListRightClick(NMHDR&)
     }
     popup->TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, cursor.x, cursor.y, this);
     return 0;
-}
-
-void CMainDlg::OnHelpMenu()
-{
-    POINT cursor;
-    GetCursorPos(&cursor);
-    CMenu menu;
-    menu.LoadMenu(IDR_HELP_POPUP);
-    menu.GetSubMenu(0)->TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON, cursor.x, cursor.y, this);
 }

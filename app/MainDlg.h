@@ -54,6 +54,12 @@ private:
     void OnOpenFolder();
     void OnHistory();
     void OnHelpMenu();
+    void OnUserManual();
+    void OnCheckVersion();
+    void OnHomePage();
+    void OnEmailSupport();
+    void OnAbout();
+    void OnSystemCommand(UINT id, LPARAM);
     void OnSelectAll();
     void OnReverseSelect();
 

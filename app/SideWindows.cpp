@@ -1,7 +1,10 @@
 #include "app/SideWindows.h"
 
+#include "base/Paths.h"
 #include "historyview/HistoryFrame.h"
 #include "resources/ResourceIds.h"
+
+#include "platform/window/Resource.h"
 
 CSideWindows::~CSideWindows()
 {
@@ -21,6 +24,12 @@ void CSideWindows::ShowHistory()
     }
     m_pHistoryFrame->ShowWindow(m_pHistoryFrame->IsIconic() ? SW_RESTORE : SW_SHOW);
     m_pHistoryFrame->SetForegroundWindow();
+}
+
+void CSideWindows::ShowManual(HWND owner)
+{
+    const std::string file = PathInFolder(GetInstallFolder(), AfxLoadString(IDS_HELP_FILE));
+    m_help.HtmlHelp(owner, file.c_str(), HH_DISPLAY_TOPIC, 0);
 }
 
 void CSideWindows::CloseAll()

@@ -1,5 +1,7 @@
-// The windows that stand beside the main dialog: at most one of each kind.
+// What stands beside the main dialog: its windows, at most one of each kind, and the manual.
 #pragma once
+
+#include "tools/HtmlHelp.h"
 
 class CHistoryFrame;
 
@@ -15,9 +17,12 @@ public:
 
     // Opens the history window, or brings the open one to the front. Nothing happens if it cannot be made.
     void ShowHistory();
+    // Nothing happens if there is no manual.
+    void ShowManual(HWND owner);
     // Closes what is open, without asking it.
     void CloseAll();
 
 private:
     CHistoryFrame* m_pHistoryFrame = nullptr; // deletes itself with its window, and tells so
+    CHtmlHelp m_help;
 };

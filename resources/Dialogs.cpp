@@ -51,6 +51,16 @@ constexpr ControlTemplate kVersion[] = {
     {Button, IDCANCEL, 141, 51, 72, 15, CS_DEFAULT, "&Cancel"},
 };
 
+constexpr ControlTemplate kAbout[] = {
+    {Picture, IDC_STATIC, 7, 7, 32, 32, CS_NOTAB, "", "Vantroy", IDI_APPLICATION_ICON},
+    {Label, IDC_ABOUT_VERSION, 46, 8, 187, 9, CS_NOTAB, "", "Version"},
+    {Label, IDC_STATIC, 46, 22, 187, 9, CS_NOTAB, "http://" VANTROY_WEB_HOST "/vantroy"},
+    {Label, IDC_STATIC, 46, 42, 187, 9, CS_NOTAB, "Copyright (C) 2026 Orlenta."},
+    {Label, IDC_STATIC, 46, 54, 187, 18, CS_NOTAB,
+     "This program comes without any warranty, to the extent that the law permits."},
+    {Button, IDOK, 161, 79, 72, 15, CS_DEFAULT, "OK"},
+};
+
 // The units behind the numbers say nothing alone, so the numbers carry the name of their box.
 constexpr ControlTemplate kDownloadSet[] = {
     {GroupBox, IDC_STATIC, 7, 4, 250, 36, CS_NOTAB, "Download Management"},
@@ -105,6 +115,7 @@ std::span<const DialogTemplate> DialogResources()
         {IDD_PROGRESS, 280, 117, DS_SYSMENU, "Vantroy", kProgress},
         {IDD_BATCH, 280, 117, DS_SYSMENU | DS_MINIMIZEBOX, "Vantroy", kProgress},
         {IDD_VERSION, 220, 73, DS_SYSMENU, "Check for new version of Vantroy", kVersion},
+        {IDD_ABOUT, 240, 101, DS_SYSMENU, "About Vantroy", kAbout},
         {IDD_DOWNLOAD_SET, 264, 192, DS_NONE, "Download Setting", kDownloadSet},
         {IDD_GENERAL, 264, 192, DS_NONE, "System Setting", kGeneral},
         {IDD_RESOLUTIONS, 185, 137, DS_SYSMENU, "Resolution Capacity List", kResolutions},

@@ -17,6 +17,7 @@ inline constexpr int IDD_MAIN = 102;
 inline constexpr int IDD_PROGRESS = 103;
 inline constexpr int IDD_BATCH = 104;
 inline constexpr int IDD_VERSION = 160;
+inline constexpr int IDD_ABOUT = 161;
 inline constexpr int IDD_DOWNLOAD_SET = 105;
 inline constexpr int IDD_GENERAL = 106;
 inline constexpr int IDD_RESOLUTIONS = 107;
@@ -47,6 +48,9 @@ inline constexpr int IDC_CANCEL_CURRENT = 1025;
 inline constexpr int IDC_VERSION_OWN = 1100;
 inline constexpr int IDC_VERSION_INFO = 1101;
 inline constexpr int IDC_VERSION_DOWNLOAD = 1102;
+
+// Controls of the about box.
+inline constexpr int IDC_ABOUT_VERSION = 1110;
 
 // Controls of the history window.
 inline constexpr int IDC_HISTORY_TOOLBAR = 101;
@@ -142,6 +146,10 @@ inline constexpr int IDS_VERSION_NO_ANSWER = 443;
 inline constexpr int IDS_VERSION_NEWER = 444;
 inline constexpr int IDS_VERSION_LATEST = 445;
 inline constexpr int IDS_VERSION_OK = 446;
+inline constexpr int IDS_HELP_FILE = 450;
+inline constexpr int IDS_HOME_PAGE = 451;
+inline constexpr int IDS_EMAIL_SUPPORT = 452;
+inline constexpr int IDS_PRODUCT_VERSION = 453;
 inline constexpr int IDS_CONFIGURATION = 128;
 inline constexpr int IDS_NO_DOWNLOAD_FOLDER = 129;
 inline constexpr int IDS_ENTER_RESOLUTION = 130;

@@ -68,6 +68,11 @@ std::span<const TextEntry> TextResources()
         {IDS_VERSION_NEWER, "Version %d.%d.%d is available now, click the button below to download."},
         {IDS_VERSION_LATEST, "You already have the latest version of Vantroy."},
         {IDS_VERSION_OK, "&OK"},
+        // Beside the road of a download: the manual, the web, the about box.
+        {IDS_HELP_FILE, "vantroy.chm"},
+        {IDS_HOME_PAGE, "http://" VANTROY_WEB_HOST "/vantroy"},
+        {IDS_EMAIL_SUPPORT, "mailto:" VANTROY_SUPPORT_ADDRESS},
+        {IDS_PRODUCT_VERSION, "Vantroy " VANTROY_VERSION " Build " VANTROY_BUILD},
         // Prompts of commands, and their tips.
         {ID_CLEAR_HISTORY, "Clear all download history\nClear all download history"},
         // Indicators of locked keys.

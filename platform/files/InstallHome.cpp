@@ -25,12 +25,6 @@ std::string Environment(const char* name)
     return value ? value : "";
 }
 
-fs::path ExecutableFolder()
-{
-    std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).parent_path();
-}
-
 fs::path UserDataFolder()
 {
     if (const std::string data = Environment("XDG_DATA_HOME"); data.starts_with('/'))
@@ -51,6 +45,12 @@ fs::path HomeFolder()
 }
 
 } // namespace
+
+fs::path ExecutableFolder()
+{
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error).parent_path();
+}
 
 std::string InstallHomeFolder()
 {

@@ -1,6 +1,12 @@
-// The registry's files in the home folder: the first one's absence tells a home that was never used.
+// What the home folder goes by: where the executable stands, and the registry's files, of which the first one's absence
+// tells a home that was never used.
 #pragma once
+
+#include <filesystem>
 
 inline constexpr const char* kUserRegistryFile = "registry-user.ini";
 inline constexpr const char* kMachineRegistryFile = "registry-machine.ini";
 inline constexpr const char* kClassesRegistryFile = "registry-classes.ini";
+
+// Native; empty if the machine does not tell.
+std::filesystem::path ExecutableFolder();

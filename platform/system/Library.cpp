@@ -3,6 +3,8 @@
 #include "platform/system/LastError.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <mutex>
 #include <strings.h>
 
@@ -34,6 +36,13 @@ Library* Loaded(HMODULE library)
     return found != g_libraries.end() && found->second.nLoads > 0 ? &found->second : nullptr;
 }
 
+// As published: no text stands at so low an address.
+std::string NameOf(const char* function)
+{
+    const auto number = reinterpret_cast<std::uintptr_t>(function);
+    return number <= std::numeric_limits<WORD>::max() ? OrdinalName(static_cast<WORD>(number)) : function;
+}
+
 } // namespace
 
 HMODULE LoadLibraryA(const char* name)
@@ -54,11 +63,21 @@ FARPROC GetProcAddress(HMODULE library, const char* function)
     const std::lock_guard lock(g_mutex);
     if (const Library* loaded = Loaded(library))
     {
-        if (const auto found = loaded->functions.find(function); found != loaded->functions.end())
+        if (const auto found = loaded->functions.find(NameOf(function)); found != loaded->functions.end())
             return found->second;
     }
     SetLastError(ERROR_PROC_NOT_FOUND);
     return nullptr;
+}
+
+const char* MAKEINTRESOURCEA(WORD number)
+{
+    return reinterpret_cast<const char*>(static_cast<std::uintptr_t>(number));
+}
+
+std::string OrdinalName(WORD ordinal)
+{
+    return '#' + std::to_string(ordinal);
 }
 
 bool FreeLibrary(HMODULE library)

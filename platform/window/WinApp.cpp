@@ -1,6 +1,7 @@
 #include "platform/window/WinApp.h"
 
 #include "platform/files/InstallHome.h"
+#include "platform/shell/HelpViewer.h"
 #include "platform/system/CommandLine.h"
 #include "platform/window/DesktopStart_p.h"
 #include "platform/window/MessageBox_p.h"
@@ -134,6 +135,7 @@ int AfxWinMain(int argc, char** argv)
     try
     {
         PrepareInstallHome();
+        RegisterHelpViewer();
         return RunOnNewDesktop(argc, argv);
     }
     catch (const std::exception& error)

@@ -1,5 +1,5 @@
 // The settings sheet as a user meets it, over a record and files of its own.
-#include "Application.h"
+#include "tests/Application.h"
 
 #include "persist/DownloadSetting.h"
 #include "settings/SettingsSheet.h"

@@ -1,5 +1,5 @@
 // The tree sheet with pages at any depth, some of which refuse.
-#include "Application.h"
+#include "tests/Application.h"
 
 #include "resources/ResourceIds.h"
 #include "settings/ThemeLibrary.h"

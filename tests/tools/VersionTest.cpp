@@ -1,11 +1,10 @@
-#include "resources/Resources.h"
+#include "tests/Application.h"
 #include "tools/VersionDlg.h"
 #include "tools/VersionFile.h"
 
 #include "platform/testing/HttpTestServer.h"
 #include "platform/testing/RecordingPrograms.h"
 #include "platform/testing/Robot.h"
-#include "platform/window/WinApp.h"
 
 #include <gtest/gtest.h>
 
@@ -28,8 +27,7 @@ class VersionDlg : public testing::Test
 protected:
     VersionDlg()
     {
-        static CWinApp application;
-        AfxSetResources(VantroyResources());
+        StartApplication();
     }
     void Run(const std::function<void(Robot&)>& script, const std::string& host = "127.0.0.1")
     {

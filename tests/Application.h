@@ -1,4 +1,4 @@
-// The one application object of these tests, with the program's resources.
+// The one application object of a test program, with the program's resources.
 #pragma once
 
 #include "resources/Resources.h"

@@ -1,0 +1,95 @@
+// The popup of the Help button, and About in the system menu.
+#include "AppTest.h"
+
+#include "platform/shell/HelpViewer.h"
+#include "platform/system/Library.h"
+#include "platform/testing/RecordingPrograms.h"
+
+namespace
+{
+
+class Help : public AppTest
+{
+protected:
+    ~Help() override
+    {
+        RegisterLibrary(kHelpViewerLibrary, {});
+    }
+    static void Choose(Robot& robot, const std::string& entry)
+    {
+        robot.WaitForWindow(kMainWindow);
+        robot.Press("Help", kMainWindow);
+        robot.ChooseMenu(entry);
+    }
+};
+
+constexpr const char* kAbout = "About Vantroy";
+constexpr const char* kVersion = "Check for new version of Vantroy";
+
+} // namespace
+
+TEST_F(Help, LeadsToTheDesktopsPrograms)
+{
+    const RecordingPrograms programs(m_home, {"xdg-open"});
+    RegisterHelpViewer(m_home.Path("none"));
+    m_home.Write("manual/index.html", "");
+    const std::pair<const char*, std::string> cases[] = {
+        {"User Manual", m_home.Path("manual/index.html")},
+        {"Visit Vantroy Home Page", "http://www.vantroy.example/vantroy"},
+        {"E-Mail Support", "mailto:support@vantroy.example"},
+    };
+    Run([&](Robot& robot) {
+        for (const auto& [entry, target] : cases)
+        {
+            Choose(robot, entry);
+            EXPECT_EQ(programs.Arguments("xdg-open"), Names{target});
+        }
+        EXPECT_EQ(robot.Windows(), Names{kMainWindow});
+    });
+}
+
+TEST_F(Help, NamesTheManualOfTheInstallFolder)
+{
+    static std::string named;
+    const HtmlHelpFunction show = [](HWND owner, const char* file, UINT command, DWORD_PTR data) -> DWORD {
+        named = (IsWindow(owner) ? "" : "no window ") + std::string(file);
+        return command + static_cast<DWORD>(data);
+    };
+    RegisterLibrary(kHelpViewerLibrary, {{OrdinalName(kHtmlHelpOrdinal), reinterpret_cast<FARPROC>(show)}});
+    for (const char* end : {"", "/", "//"})
+    {
+        setenv("VANTROY_HOME", (m_home.Folder() + end).c_str(), 1);
+        Run([](Robot& robot) { Choose(robot, "User Manual"); });
+        EXPECT_EQ(named, m_home.Path("vantroy.chm"));
+    }
+}
+
+TEST_F(Help, IsSilentWhereThereIsNothing)
+{
+    const RecordingPrograms none(m_home, {});
+    Run([](Robot& robot) {
+        for (const char* entry : {"User Manual", "User Manual", "Visit Vantroy Home Page", "E-Mail Support"})
+            Choose(robot, entry);
+        EXPECT_EQ(robot.Windows(), Names{kMainWindow});
+        EXPECT_TRUE(robot.IsEnabled("Help", kMainWindow));
+    });
+}
+
+TEST_F(Help, OpensItsDialogsOverTheWindow)
+{
+    Run([this](Robot& robot) {
+        for (const auto& [entry, title] : {std::pair("About", kAbout), {"Check for New Version...", kVersion}})
+        {
+            Choose(robot, entry);
+            robot.WaitForWindow(title);
+            EXPECT_FALSE(IsWindowEnabled(m_window));
+            robot.Key("Esc");
+            robot.WaitForNoWindow(title);
+        }
+        robot.RightClickWindow();
+        robot.ChooseMenu("About Vantroy(A)...");
+        robot.WaitForWindow(kAbout);
+        robot.Key("Return");
+        robot.WaitForNoWindow(kAbout);
+    });
+}
