@@ -3,6 +3,7 @@
 #include "app/SideWindows.h"
 #include "harvest/BrowserWindows.h"
 #include "resources/ResourceIds.h"
+#include "tools/ThumbnailAlbum.h"
 
 #include "platform/shell/Shell.h"
 #include "platform/window/DataExchange.h"
@@ -33,6 +34,8 @@ const MessageMap& CMainDlg::GetMessageMap() const
                                     OnCommand(IDC_DOWNLOAD, &CMainDlg::OnDownloadNow),
                                     OnCommand(IDC_OPEN_FOLDER, &CMainDlg::OnOpenFolder),
                                     OnCommand(IDC_HISTORY, &CMainDlg::OnHistory),
+                                    OnCommand(IDC_ALBUM, &CMainDlg::OnAlbum),
+                                    OnCommand(IDC_ADVANCED, &CMainDlg::OnAdvanced),
                                     OnCommand(IDC_SETUP, &CMainDlg::OnSetup),
                                     OnCommand(IDC_HELP_MENU, &CMainDlg::OnHelpMenu),
                                     OnCommand(ID_USER_MANUAL, &CMainDlg::OnUserManual),
@@ -177,6 +180,16 @@ void CMainDlg::OnOpenFolder()
 void CMainDlg::OnHistory()
 {
     m_sideWindows.ShowHistory();
+}
+
+void CMainDlg::OnAlbum()
+{
+    CreateThumbnailAlbum();
+}
+
+void CMainDlg::OnAdvanced()
+{
+    m_sideWindows.ShowAdvanced();
 }
 
 LRESULT CMainDlg::OnListRightClick(NMHDR&)

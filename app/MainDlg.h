@@ -53,6 +53,8 @@ private:
     void OnDownloadNow();
     void OnOpenFolder();
     void OnHistory();
+    void OnAlbum();
+    void OnAdvanced();
     void OnHelpMenu();
     void OnUserManual();
     void OnCheckVersion();

@@ -3,8 +3,33 @@
 #include "base/Paths.h"
 #include "historyview/HistoryFrame.h"
 #include "resources/ResourceIds.h"
+#include "tools/AdvancedFrame.h"
 
 #include "platform/window/Resource.h"
+
+#include <utility>
+
+namespace
+{
+
+// Makes the frame that the pointer is to hold, unless it holds one, and brings it to the front.
+template <class Frame>
+void Show(Frame*& frame, UINT id)
+{
+    if (!frame)
+    {
+        frame = new Frame([&frame] { frame = nullptr; });
+        if (!frame->LoadFrame(id))
+        {
+            frame = nullptr;
+            return;
+        }
+    }
+    frame->ShowWindow(frame->IsIconic() ? SW_RESTORE : SW_SHOW);
+    frame->SetForegroundWindow();
+}
+
+} // namespace
 
 CSideWindows::~CSideWindows()
 {
@@ -13,17 +38,12 @@ CSideWindows::~CSideWindows()
 
 void CSideWindows::ShowHistory()
 {
-    if (!m_pHistoryFrame)
-    {
-        m_pHistoryFrame = new CHistoryFrame([this] { m_pHistoryFrame = nullptr; });
-        if (!m_pHistoryFrame->LoadFrame(IDR_HISTORY))
-        {
-            m_pHistoryFrame = nullptr;
-            return;
-        }
-    }
-    m_pHistoryFrame->ShowWindow(m_pHistoryFrame->IsIconic() ? SW_RESTORE : SW_SHOW);
-    m_pHistoryFrame->SetForegroundWindow();
+    Show(m_pHistoryFrame, IDR_HISTORY);
+}
+
+void CSideWindows::ShowAdvanced()
+{
+    Show(m_pAdvancedFrame, IDR_ADVANCED);
 }
 
 void CSideWindows::ShowManual(HWND owner)
@@ -34,6 +54,6 @@ void CSideWindows::ShowManual(HWND owner)
 
 void CSideWindows::CloseAll()
 {
-    delete m_pHistoryFrame;
-    m_pHistoryFrame = nullptr;
+    delete std::exchange(m_pHistoryFrame, nullptr);
+    delete std::exchange(m_pAdvancedFrame, nullptr);
 }

@@ -3,6 +3,7 @@
 
 #include "tools/HtmlHelp.h"
 
+class CAdvancedFrame;
 class CHistoryFrame;
 
 // User-interface thread.
@@ -17,12 +18,16 @@ public:
 
     // Opens the history window, or brings the open one to the front. Nothing happens if it cannot be made.
     void ShowHistory();
+    // The same for the window of advanced commands.
+    void ShowAdvanced();
     // Nothing happens if there is no manual.
     void ShowManual(HWND owner);
     // Closes what is open, without asking it.
     void CloseAll();
 
 private:
-    CHistoryFrame* m_pHistoryFrame = nullptr; // deletes itself with its window, and tells so
+    // They delete themselves with their windows, and tell so.
+    CHistoryFrame* m_pHistoryFrame = nullptr;
+    CAdvancedFrame* m_pAdvancedFrame = nullptr;
     CHtmlHelp m_help;
 };

@@ -17,6 +17,15 @@ constexpr MenuEntry kHistory[] = {
     {1, ID_APP_EXIT, "&Exit"},
 };
 
+// Nothing stands behind the first entry.
+constexpr MenuEntry kAdvanced[] = {
+    {0, 0, "&File"},
+    {1, ID_NEW_PROJECT, "New Project...\t(Ctrl+N)"},
+    {1, ID_CREATE_ALBUM, "&Create a Thumbnail Album..."},
+    {1, 0, ""},
+    {1, ID_APP_EXIT, "&Exit"},
+};
+
 constexpr MenuEntry kHelpPopup[] = {
     {0, 0, "Help"},
     {1, ID_USER_MANUAL, "User &Manual"},
@@ -37,6 +46,7 @@ std::span<const MenuTemplate> MenuResources()
         {IDR_LIST_POPUP, kListPopup},
         {IDR_HELP_POPUP, kHelpPopup},
         {IDR_HISTORY, kHistory},
+        {IDR_ADVANCED, kAdvanced},
     };
     return menus;
 }

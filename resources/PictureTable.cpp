@@ -15,6 +15,7 @@ std::span<const PictureEntry> PictureResources()
         {IDB_FILE, pictures::kFile},
         {IDB_SETTINGS, pictures::kSettings},
         {IDB_SETTINGS_PAGE, pictures::kSettingsPage},
+        {IDB_ALBUM, pictures::kAlbum},
     };
     return entries;
 }
@@ -22,7 +23,8 @@ std::span<const PictureEntry> PictureResources()
 std::span<const ToolBarTemplate> ToolBarResources()
 {
     static constexpr ToolBarButton history[] = {{ID_CLEAR_HISTORY, IDB_CLEAR_HISTORY}};
-    static constexpr ToolBarTemplate toolBars[] = {{IDR_HISTORY, history}};
+    static constexpr ToolBarButton advanced[] = {{ID_CREATE_ALBUM, IDB_ALBUM}};
+    static constexpr ToolBarTemplate toolBars[] = {{IDR_HISTORY, history}, {IDR_ADVANCED, advanced}};
     return toolBars;
 }
 

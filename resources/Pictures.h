@@ -16,4 +16,5 @@ extern const std::string_view kPage;
 extern const std::string_view kFile;
 extern const std::string_view kSettings;
 extern const std::string_view kSettingsPage;
+extern const std::string_view kAlbum;
 } // namespace pictures

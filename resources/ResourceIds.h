@@ -11,6 +11,7 @@ inline constexpr int IDB_PAGE = 133;
 inline constexpr int IDB_FILE = 134;
 inline constexpr int IDB_SETTINGS = 135;
 inline constexpr int IDB_SETTINGS_PAGE = 136;
+inline constexpr int IDB_ALBUM = 137;
 
 // Dialogs.
 inline constexpr int IDD_MAIN = 102;
@@ -92,6 +93,10 @@ inline constexpr int IDR_SETTINGS = 140;
 inline constexpr int IDR_HISTORY = 167;
 inline constexpr int IDR_HISTORY_LEVELS = 175;
 
+// Menu and tool bar of the window of advanced commands.
+inline constexpr int IDR_ADVANCED = 191;
+inline constexpr int IDC_ADVANCED_TOOLBAR = 101;
+
 // Popup menus.
 inline constexpr int IDR_LIST_POPUP = 149;
 inline constexpr int IDR_HELP_POPUP = 187;
@@ -102,6 +107,8 @@ inline constexpr int ID_SELECT_ALL = 32771;
 inline constexpr int ID_REVERSE_SELECT = 32772;
 inline constexpr int ID_CLEAR_HISTORY = 32774;
 inline constexpr int ID_EMAIL_SUPPORT = 32783;
+inline constexpr int ID_CREATE_ALBUM = 32785;
+inline constexpr int ID_NEW_PROJECT = 57600;
 inline constexpr int ID_ABOUT = 57664;
 inline constexpr int ID_USER_MANUAL = 57670;
 inline constexpr int ID_APP_EXIT = 57694;
@@ -150,6 +157,10 @@ inline constexpr int IDS_HELP_FILE = 450;
 inline constexpr int IDS_HOME_PAGE = 451;
 inline constexpr int IDS_EMAIL_SUPPORT = 452;
 inline constexpr int IDS_PRODUCT_VERSION = 453;
+inline constexpr int IDS_ADVANCED_WINDOW = 460;
+inline constexpr int IDS_ALBUM_NO_COMPONENT = 461;
+inline constexpr int IDS_ALBUM_DISPATCH_ERROR = 462;
+inline constexpr int IDS_ALBUM_UNKNOWN_ERROR = 463;
 inline constexpr int IDS_CONFIGURATION = 128;
 inline constexpr int IDS_NO_DOWNLOAD_FOLDER = 129;
 inline constexpr int IDS_ENTER_RESOLUTION = 130;

@@ -73,8 +73,13 @@ std::span<const TextEntry> TextResources()
         {IDS_HOME_PAGE, "http://" VANTROY_WEB_HOST "/vantroy"},
         {IDS_EMAIL_SUPPORT, "mailto:" VANTROY_SUPPORT_ADDRESS},
         {IDS_PRODUCT_VERSION, "Vantroy " VANTROY_VERSION " Build " VANTROY_BUILD},
+        {IDS_ADVANCED_WINDOW, "Advanced"},
+        {IDS_ALBUM_NO_COMPONENT, "Unable to create Quenby Instance!\n"},
+        {IDS_ALBUM_DISPATCH_ERROR, "IDispatch error #%d"},
+        {IDS_ALBUM_UNKNOWN_ERROR, "Unknown error 0x%0lX"},
         // Prompts of commands, and their tips.
         {ID_CLEAR_HISTORY, "Clear all download history\nClear all download history"},
+        {ID_CREATE_ALBUM, "Create a Thumbnail Album...\nCreate a Thumbnail Album..."},
         // Indicators of locked keys.
         {ID_INDICATOR_CAPS, "CAP"},
         {ID_INDICATOR_NUM, "NUM"},

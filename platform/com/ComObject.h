@@ -4,9 +4,37 @@
 #include "platform/com/Unknown.h"
 
 #include <atomic>
+#include <type_traits>
+
+// Answers the operations of IDispatch where the interface has them.
+template <class Interface>
+class UncalledDispatch : public Interface
+{
+public:
+    HRESULT GetTypeInfoCount(UINT*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT GetTypeInfo(UINT, DWORD, ITypeInfo**) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT GetIDsOfNames(REFIID, wchar_t**, UINT, DWORD, LONG*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT Invoke(LONG, REFIID, DWORD, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override
+    {
+        return E_NOTIMPL;
+    }
+
+protected:
+    ~UncalledDispatch() = default;
+};
 
 template <class Interface>
-class CComObject : public Interface
+class CComObject
+    : public std::conditional_t<std::is_base_of_v<IDispatch, Interface>, UncalledDispatch<Interface>, Interface>
 {
 public:
     HRESULT QueryInterface(REFIID iid, void** object) override

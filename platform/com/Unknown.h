@@ -9,6 +9,7 @@
 
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT S_FALSE = 1;
+inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001);
 inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002);
 inline constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003);
 inline constexpr HRESULT E_ABORT = static_cast<HRESULT>(0x80004004);
@@ -32,6 +33,12 @@ constexpr bool FAILED(HRESULT result)
     return result < 0;
 }
 
+// The result that stands for a code of the last error.
+constexpr HRESULT HRESULT_FROM_WIN32(DWORD code)
+{
+    return code == 0 ? S_OK : static_cast<HRESULT>((code & 0xFFFF) | 0x80070000);
+}
+
 class IUnknown
 {
 public:
@@ -45,10 +52,22 @@ protected:
     ~IUnknown() = default;
 };
 
+struct VARIANT;
+struct DISPPARAMS;
+struct EXCEPINFO;
+class ITypeInfo;
+
+// Calls by name. Everything here is called directly instead, and no object of the layer offers these operations.
 class IDispatch : public IUnknown
 {
 public:
     static constexpr IID kIid{0x00020400, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+
+    virtual HRESULT GetTypeInfoCount(UINT* count) = 0;
+    virtual HRESULT GetTypeInfo(UINT index, DWORD locale, ITypeInfo** info) = 0;
+    virtual HRESULT GetIDsOfNames(REFIID reserved, wchar_t** names, UINT count, DWORD locale, LONG* ids) = 0;
+    virtual HRESULT Invoke(LONG id, REFIID reserved, DWORD locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                           EXCEPINFO* exception, UINT* argument) = 0;
 
 protected:
     ~IDispatch() = default;

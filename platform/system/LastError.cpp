@@ -1,5 +1,7 @@
 #include "platform/system/LastError.h"
 
+#include "platform/com/Unknown.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
@@ -32,6 +34,7 @@ constexpr Meaning kMeanings[] = {
     {ERROR_NOT_ENOUGH_MEMORY, ENOMEM},
     {ERROR_NOT_ENOUGH_MEMORY, EMFILE},
     {ERROR_NOT_ENOUGH_MEMORY, ENFILE},
+    {ERROR_OUTOFMEMORY, ENOMEM},
     {ERROR_GEN_FAILURE, EIO},
     {ERROR_INVALID_PARAMETER, EINVAL},
     {ERROR_DISK_FULL, ENOSPC},
@@ -44,6 +47,21 @@ constexpr Meaning kMeanings[] = {
     {ERROR_REQUEST_ABORTED, ECONNABORTED},
 };
 
+// Results of the object model that no code of the last error stands behind.
+constexpr struct
+{
+    HRESULT result;
+    const char* text;
+} kResults[] = {
+    {E_NOTIMPL, "Not implemented"},
+    {E_NOINTERFACE, "No such interface supported"},
+    {E_POINTER, "Invalid pointer"},
+    {E_ABORT, "Operation aborted"},
+    {E_FAIL, "Unspecified error"},
+    {REGDB_E_CLASSNOTREG, "Class not registered"},
+    {RPC_E_DISCONNECTED, "The object has disconnected from its clients"},
+};
+
 thread_local DWORD t_lastError = ERROR_SUCCESS;
 
 const char* SystemText(int error)
@@ -51,6 +69,19 @@ const char* SystemText(int error)
     // The program's texts are English, so its system texts are.
     static const locale_t english = newlocale(LC_ALL_MASK, "C", nullptr);
     return english ? strerror_l(error, english) : nullptr;
+}
+
+const char* TextOf(DWORD code)
+{
+    constexpr DWORD kNotTheCode = 0xFFFF0000;
+    const bool carriesCode = (code & kNotTheCode) == (static_cast<DWORD>(HRESULT_FROM_WIN32(1)) & kNotTheCode);
+    const auto* meaning = std::ranges::find(kMeanings, carriesCode ? code & ~kNotTheCode : code, &Meaning::code);
+    if (meaning != std::end(kMeanings))
+        return SystemText(meaning->error);
+    for (const auto& [result, text] : kResults)
+        if (result == static_cast<HRESULT>(code))
+            return text;
+    return nullptr;
 }
 
 } // namespace
@@ -75,8 +106,7 @@ DWORD FormatMessageA(DWORD flags, const void*, DWORD code, DWORD, char** buffer,
 {
     constexpr DWORD kOffered =
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM;
-    const auto* found = std::ranges::find(kMeanings, code, &Meaning::code);
-    const char* text = flags == kOffered && found != std::end(kMeanings) ? SystemText(found->error) : nullptr;
+    const char* text = flags == kOffered ? TextOf(code) : nullptr;
     *buffer = text ? strdup(text) : nullptr;
     return *buffer ? static_cast<DWORD>(std::strlen(*buffer)) : 0;
 }

@@ -10,6 +10,7 @@ inline constexpr DWORD ERROR_ACCESS_DENIED = 5;
 inline constexpr DWORD ERROR_INVALID_HANDLE = 6;
 inline constexpr DWORD ERROR_NOT_ENOUGH_MEMORY = 8;
 inline constexpr DWORD ERROR_BAD_FORMAT = 11;
+inline constexpr DWORD ERROR_OUTOFMEMORY = 14;
 inline constexpr DWORD ERROR_GEN_FAILURE = 31; // every failure of the machine without a code of its own here
 inline constexpr DWORD ERROR_INVALID_PARAMETER = 87;
 inline constexpr DWORD ERROR_DISK_FULL = 112;
@@ -30,9 +31,10 @@ inline constexpr DWORD FORMAT_MESSAGE_ALLOCATE_BUFFER = 0x100;
 inline constexpr DWORD FORMAT_MESSAGE_IGNORE_INSERTS = 0x200;
 inline constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000;
 
-// The text for a code of the list above, from the system's message catalogue. Only the three flags above, together,
-// are offered: *buffer receives a block to be freed with LocalFree. Returns its length in bytes, 0 if there is no
-// text for the code (then *buffer is null). `language` and `arguments` are not read.
+// The text for a code of the list above, or for a result that carries one or stands in com/Unknown.h, from the system's
+// message catalogue. Only the three flags above, together, are offered: *buffer receives a block to be freed with
+// LocalFree. Returns its length in bytes, 0 if there is no text for the code (then *buffer is null). `language` and
+// `arguments` are not read.
 DWORD FormatMessageA(DWORD flags, const void* source, DWORD code, DWORD language, char** buffer, DWORD size,
                      void* arguments);
 // Frees a block that FormatMessageA allocated; null is allowed. Always returns null.

@@ -99,6 +99,10 @@ public:
     std::vector<std::string> MainMenus(const std::string& window = {}) const;
     void OpenMainMenu(const std::string& menu, const std::string& window = {}) const;
     void ChooseMainMenu(const std::string& menu, const std::string& entry, const std::string& window = {}) const;
+    // The edge that the one tool bar stands at, "left", "top", "right" or "bottom", and dragging it there by its
+    // gripper.
+    std::string ToolBarEdge(const std::string& window = {}) const;
+    void DragToolBar(const std::string& edge, const std::string& window = {}) const;
     // The message in the status bar.
     std::string StatusText(const std::string& window = {}) const;
 

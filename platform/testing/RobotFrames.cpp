@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QTreeView>
 
 using namespace RobotEyes;
@@ -96,6 +97,24 @@ std::vector<QRect> PanesOf(const QWidget* splitter)
     return panes;
 }
 
+QToolBar* ToolBarOf(const std::string& window)
+{
+    if (auto* bar = FrameNamed(window)->findChild<QToolBar*>())
+        return bar;
+    throw RobotError("No tool bar in \"" + window + "\". On show: " + Describe());
+}
+
+// Just within that edge of what menu bar and status bar leave, in its middle.
+QPoint PlaceAtEdge(const QMainWindow* frame, const std::string& edge)
+{
+    constexpr int kWithin = 3;
+    const QRect area(QPoint(0, frame->menuBar()->geometry().bottom() + 1),
+                     QPoint(frame->width() - 1, frame->statusBar()->geometry().top() - 1));
+    if (edge == "left" || edge == "right")
+        return {edge == "left" ? kWithin : area.right() - kWithin, area.center().y()};
+    return {area.center().x(), edge == "top" ? area.top() + kWithin : area.bottom() - kWithin};
+}
+
 } // namespace
 
 std::vector<std::string> Robot::MainMenus(const std::string& window) const
@@ -123,6 +142,44 @@ void Robot::ChooseMainMenu(const std::string& menu, const std::string& entry, co
 {
     OpenMainMenu(menu, window);
     ChooseMenu(entry);
+}
+
+std::string Robot::ToolBarEdge(const std::string& window) const
+{
+    const auto look = [&]() -> std::string {
+        switch (FrameNamed(window)->toolBarArea(ToolBarOf(window)))
+        {
+        case Qt::LeftToolBarArea:
+            return "left";
+        case Qt::RightToolBarArea:
+            return "right";
+        case Qt::BottomToolBarArea:
+            return "bottom";
+        default:
+            return "top";
+        }
+    };
+    return Await<std::string>(m_deadline, look);
+}
+
+void Robot::DragToolBar(const std::string& edge, const std::string& window) const
+{
+    const auto aim = [&] {
+        QToolBar* bar = ToolBarOf(window);
+        RequireReady(bar);
+        constexpr int kGripper = 5; // within it, from the bar's begin
+        const QPoint gripper = bar->orientation() == Qt::Horizontal ? QPoint(kGripper, bar->height() / 2)
+                                                                    : QPoint(bar->width() / 2, kGripper);
+        const QPoint place = PlaceAtEdge(FrameNamed(window), edge);
+        return RobotHands::Drag(bar, gripper, place - bar->mapTo(bar->window(), gripper));
+    };
+    // A bar that still glides to its last place cannot be taken.
+    const auto stands = [&] {
+        if (ToolBarEdge(window) != edge)
+            Deliver(m_deadline, aim);
+        return ToolBarEdge(window) == edge;
+    };
+    WaitUntil(stands, "the tool bar to stand " + edge);
 }
 
 std::string Robot::StatusText(const std::string& window) const

@@ -1,5 +1,6 @@
 #include "platform/text/CodePage.h"
 
+#include "platform/system/LastError.h"
 #include "platform/text/CodePage_p.h"
 #include "platform/text/Utf8_p.h"
 
@@ -7,6 +8,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <iconv.h>
 #include <iterator>
 #include <langinfo.h>
@@ -201,4 +203,25 @@ std::string Utf8ToAnsi(std::string_view utf8)
 std::string AnsiToUtf8(std::string_view bytes)
 {
     return CodePageToUtf8(GetACP(), bytes);
+}
+
+int MultiByteToWideChar(UINT codePage, DWORD, const char* bytes, int length, wchar_t* wide, int room)
+{
+    if (codePage != CP_ACP || !bytes || length == 0 || length < -1 || room < 0 || (room > 0 && !wide))
+    {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    const std::size_t taken = length < 0 ? std::strlen(bytes) + 1 : static_cast<std::size_t>(length);
+    const std::wstring text = AnsiToWide({bytes, taken});
+    const int needed = static_cast<int>(text.size());
+    if (room == 0)
+        return needed;
+    if (room < needed)
+    {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    std::ranges::copy(text, wide);
+    return needed;
 }

@@ -17,6 +17,13 @@ std::string WideToAnsi(std::wstring_view wide);
 // Byte text in the code page to wide text. A byte that starts no character becomes U+FFFD; never fails.
 std::wstring AnsiToWide(std::string_view bytes);
 
+inline constexpr UINT CP_ACP = 0; // the system's code page
+
+// AnsiToWide into the caller's `room` characters; only CP_ACP is offered, `flags` is not read. A `length` of -1 stands
+// for a text up to its zero, which is converted too. The number of characters written, or needed for a room of 0; 0,
+// with the last error set, for too little room or nothing to convert.
+int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int length, wchar_t* wide, int room);
+
 // The same between UTF-8 and the code page: what the toolkit, the browser and files in UTF-8 speak.
 std::string Utf8ToAnsi(std::string_view utf8);
 std::string AnsiToUtf8(std::string_view bytes);

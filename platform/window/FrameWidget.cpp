@@ -30,7 +30,8 @@ protected:
 
 } // namespace
 
-FrameWidget::FrameWidget(QWidget* parent) : QMainWindow(parent, Qt::Window)
+FrameWidget::FrameWidget(QWidget* parent, std::function<bool(UINT)> handles)
+    : QMainWindow(parent, Qt::Window), m_handles(std::move(handles))
 {
     setCentralWidget(new ClientAreaWidget);
     resize(kFirstSize.boundedTo(screen()->availableGeometry().size() - kWindowManagersPart));
@@ -63,6 +64,7 @@ bool FrameWidget::LoadMenuBar(UINT id)
 void FrameWidget::AddCommand(QAction& action, UINT command)
 {
     action.setStatusTip(LoadCommandText(command).prompt);
+    action.setEnabled(m_handles(command));
     connect(&action, &QAction::triggered, this, [this, command] {
         const auto record = m_record;
         record->SendFromToolkit(WM_COMMAND, command, 0);

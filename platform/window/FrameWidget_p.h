@@ -6,12 +6,15 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
 class QAction;
 
 class FrameWidget : public QMainWindow, public TopLevelPeer
 {
 public:
-    explicit FrameWidget(QWidget* parent);
+    // `handles` tells whether the frame has a handler for a command: what nobody handles is greyed.
+    FrameWidget(QWidget* parent, std::function<bool(UINT command)> handles);
 
     QWidget& Widget() override
     {
@@ -52,6 +55,7 @@ protected:
 private:
     void OpenFirstMenu();
 
+    const std::function<bool(UINT)> m_handles;
     SizeTeller m_size;
     Qt::ToolBarAreas m_dockingAreas = Qt::NoToolBarArea;
 };

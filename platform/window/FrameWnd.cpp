@@ -11,7 +11,10 @@ BOOL CFrameWnd::LoadFrame(UINT id, DWORD, CWnd* parent)
         if (m_hWnd)
             return;
         const auto owner = RecordOf(parent);
-        auto* peer = new FrameWidget(owner ? owner->Peer()->Widget().window() : nullptr);
+        const auto handles = [this](UINT command) {
+            return GetMessageMap().Find(WM_COMMAND, BN_CLICKED, command) != nullptr;
+        };
+        auto* peer = new FrameWidget(owner ? owner->Peer()->Widget().window() : nullptr, handles);
         const auto record = WindowRecord::Make(*peer, owner, 0, ApplicationName());
         record->Attach(*this, true);
         record->Show();

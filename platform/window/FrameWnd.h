@@ -40,7 +40,8 @@ public:
     BOOL SetIndicators(std::span<const UINT> ids);
 };
 
-// Made on the heap; deletes itself with its window. User-interface thread.
+// A command of its menu and its tool bars that its message map has no handler for is greyed. Made on the heap; deletes
+// itself with its window. User-interface thread.
 class CFrameWnd : public CWnd
 {
 public:

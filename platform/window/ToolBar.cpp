@@ -55,8 +55,9 @@ void ToolBarWidget::AddButton(const ToolBarButton& button)
     QString name = LoadCommandText(button.command).tip;
     QAction* action = addAction(PictureIcon(button.picture), QString());
     action->setToolTip(name);
-    // What assistive technology reads; a mnemonic's mark would be taken for one.
+    // What assistive technology reads; a mnemonic's mark would be taken for one, and an ellipsis be left off the text.
     action->setText(name.replace(u'&', QLatin1String("&&")));
+    action->setIconText(action->text());
     m_frame.AddCommand(*action, button.command);
     // Without a mouse it is reached by Tab.
     widgetForAction(action)->setFocusPolicy(Qt::TabFocus);

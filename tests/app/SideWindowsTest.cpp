@@ -1,9 +1,12 @@
 #include "AppTest.h"
 
+#include "resources/ResourceIds.h"
+
 namespace
 {
 
 constexpr const char* kHistory = "Download History";
+constexpr const char* kAdvanced = "Advanced";
 
 class SideWindows : public AppTest
 {
@@ -39,5 +42,32 @@ TEST_F(SideWindows, TheHistoryStandsBesideTheDialogOnce)
         EXPECT_EQ(robot.TreeNodes(kHistory), (Names{kHistory, "  2003-06-24"}));
         robot.Press("Exit", kMainWindow);
         robot.WaitForNoWindow(kHistory);
+    });
+}
+
+TEST_F(SideWindows, TheAdvancedCommandsStandBesideTheDialogOnce)
+{
+    m_home.Write("registry-classes.ini", "");
+    Run([this](Robot& robot) {
+        robot.WaitForWindow(kMainWindow);
+        const auto open = [&] {
+            SendMessageA(m_window, WM_COMMAND, IDC_ADVANCED, 0);
+            robot.WaitForWindow(kAdvanced);
+        };
+        open();
+        EXPECT_TRUE(robot.IsEnabled("Refresh List", kMainWindow)) << "the dialog stays usable";
+        open();
+        EXPECT_EQ(CountOf(robot, kAdvanced), 1);
+        robot.CloseWindow(kAdvanced);
+        robot.WaitForNoWindow(kAdvanced);
+        open();
+        robot.ChooseMainMenu("File", "Exit", kAdvanced);
+        robot.WaitForNoWindow(kAdvanced);
+        PostMessageA(m_window, WM_COMMAND, IDC_ALBUM, 0);
+        EXPECT_EQ(robot.MessageBoxText(), "Unable to create Quenby Instance!\n");
+        robot.Answer("OK");
+        open();
+        robot.Press("Exit", kMainWindow);
+        robot.WaitForNoWindow(kAdvanced);
     });
 }

@@ -1,3 +1,5 @@
+#include "platform/system/LastError.h"
+#include "platform/text/CodePage.h"
 #include "platform/text/CodePage_p.h"
 
 #include <gtest/gtest.h>
@@ -78,6 +80,22 @@ TEST(CodePage, WideTextWithSurrogates)
     EXPECT_EQ(WideToUtf8(wide({0xD83D})), "?");
     EXPECT_EQ(WideToUtf8(wide({0xFFFFFFFF, 0x110000})), "??");
     EXPECT_EQ(Utf8ToWide("\xFF"), wide({0xFFFD}));
+}
+
+TEST(CodePage, WideTextIntoARoom)
+{
+    wchar_t wide[8] = {};
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "abc", -1, nullptr, 0), 4);
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "abc", -1, wide, 4), 4);
+    EXPECT_EQ(std::wstring(wide), L"abc");
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "xyz", 2, wide, 8), 2);
+    EXPECT_EQ(std::wstring(wide), L"xyc");
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "abc", -1, wide, 3), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "abc", 0, wide, 8), 0);
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "abc", -2, wide, 8), 0);
+    EXPECT_EQ(MultiByteToWideChar(1252, 0, "abc", -1, wide, 8), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
 }
 
 TEST(Mbcs, StepsByCharacter)

@@ -121,6 +121,15 @@ public:
     }
 
 protected:
+    const MessageMap& GetMessageMap() const override
+    {
+        static const MessageMap map{&CFrameWnd::StaticMessageMap(),
+                                    {
+                                        OnCommand(ID_FIRST, &TestFrame::OnHandled),
+                                        OnCommand(ID_GREYED, &TestFrame::OnHandled),
+                                    }};
+        return map;
+    }
     BOOL OnCreateClient() override
     {
         return m_fault != kClient && m_splitter.CreateStatic(this, 1, 2) &&
@@ -129,6 +138,8 @@ protected:
     }
 
 private:
+    void OnHandled()
+    {}
     bool CreateBars()
     {
         constexpr UINT kIndicators[] = {ID_SEPARATOR, ID_INDICATOR_CAPS};
