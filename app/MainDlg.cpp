@@ -1,6 +1,7 @@
 #include "app/MainDlg.h"
 
 #include "app/SideWindows.h"
+#include "harvest/BrowserHints.h"
 #include "harvest/BrowserWindows.h"
 #include "resources/ResourceIds.h"
 #include "tools/ThumbnailAlbum.h"
@@ -137,7 +138,9 @@ int CMainDlg::RefreshWindowList()
     if (!m_bReady)
         return -1;
     m_list.Refill(m_pShellWindows.Get());
-    return m_list.GetItemCount();
+    const int count = m_list.GetItemCount();
+    m_list.SetPlaceholderText(count > 0 ? std::string() : EmptyListHint(ReportBrowsers()));
+    return count;
 }
 
 void CMainDlg::UpdateDownloadButton()

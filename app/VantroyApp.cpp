@@ -5,10 +5,13 @@
 #include "app/RunMode.h"
 #include "base/UrlList.h"
 #include "harvest/BatchDlg.h"
+#include "harvest/BrowserHints.h"
 
 #include "platform/browser/Browsers.h"
 #include "platform/com/Com.h"
 #include "platform/system/CommandLine.h"
+
+#include <algorithm>
 
 BOOL CVantroyApp::InitInstance()
 {
@@ -60,6 +63,21 @@ void CVantroyApp::RunCurrentPages()
     dialog.m_bScanAllWindows = 0;
     dialog.SetPageList(pages);
     dialog.DoModal();
+}
+
+std::optional<std::string> CVantroyApp::AnswerOption(std::string_view option)
+{
+    if (option != "--browsers")
+        return std::nullopt;
+    return DescribeBrowsers(ReportBrowsers());
+}
+
+// Where there are pages, it is not the browser that was missing.
+std::string CVantroyApp::HelpWithNothing()
+{
+    const auto reports = ReportBrowsers();
+    const bool hasPages = std::ranges::any_of(reports, [](const BrowserReport& report) { return report.pages > 0; });
+    return hasPages ? std::string() : DescribeBrowsers(reports);
 }
 
 int CVantroyApp::ExitInstance()

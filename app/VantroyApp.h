@@ -10,6 +10,9 @@ class CVantroyApp : public CWinApp
 public:
     // Runs the whole program. Always FALSE: there is no message loop behind the dialog's own.
     BOOL InitInstance() override;
+    // --browsers
+    std::optional<std::string> AnswerOption(std::string_view option) override;
+    std::string HelpWithNothing() override;
     int ExitInstance() override;
 
     // Runs the batch window on the pages that the file cacheurl.xml in the program's folder names:

@@ -41,6 +41,20 @@ std::span<const TextEntry> TextResources()
         {IDS_BUTTON_ADDED, "Program shortcut icon has been added to browser's toolbar.\n"
                            "You need to restart browser to make it work."},
         {IDS_BUTTON_REMOVED, "Program shortcut icon has been removed.\nYou need to restart browser to make it work."},
+        {IDS_NO_BROWSER,
+         "There is no browser of the Chromium family here. Install one, Chromium for instance, and start it "
+         "with vantroy-browser."},
+        {IDS_BROWSER_OPEN, "open; pages: %d"},
+        {IDS_BROWSER_ASKS, "asks you about each program: allow the connection when Vantroy looks for pages."},
+        {IDS_BROWSER_STALE,
+         "was reachable and has been closed: start it again in the same way, or use vantroy-browser."},
+        {IDS_BROWSER_NOT_ENABLED,
+         "cannot be reached: start it with --remote-debugging-port=0, or use vantroy-browser."},
+        {IDS_BROWSER_REFUSED, "may not be reached, by a policy of this machine: ask its administrator."},
+        {IDS_HINT_NO_PAGE, "The browser has no page open."},
+        {IDS_HINT_ASKS, "The browser asks you about each program. Press Refresh List and allow the connection."},
+        {IDS_HINT_START, "No browser can be reached. Start one with vantroy-browser, and press Refresh List.\n"
+                         "vantroy --browsers tells more."},
         {IDS_HISTORY_WINDOW, "Download History"},
         {IDS_HISTORY, "Download History"},
         {IDS_HISTORY_REMOVED, "Download history has been removed."},

@@ -8,13 +8,14 @@ std::string_view VersionResource()
 std::string_view UsageResource()
 {
     return R"(Usage: vantroy [--all | --current]
-       vantroy --help | --version
+       vantroy --browsers | --help | --version
 
 Brings the pictures, MP3 music and Flash files of web pages into one folder.
 
   (nothing)      opens the main window, with the pages open in the browser
   --all          downloads all pages that are open in the browser, and ends
   --current      downloads the pages of the list cacheurl.xml, and ends
+  --browsers     prints the browsers found, and what helps to reach each
   -h, --help     prints this text
   --version      prints the version
 

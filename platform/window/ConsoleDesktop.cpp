@@ -5,6 +5,7 @@
 #include "platform/window/Messages.h"
 #include "platform/window/Resource.h"
 #include "platform/window/StartAnswer_p.h"
+#include "platform/window/WinApp.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -121,6 +122,14 @@ void ConsoleDesktop::BreakOff()
             progress->PressAllButCancel();
     }
     CancelSynchronousIoOfAll();
+}
+
+void ConsoleDesktop::HelpWithNothing(CWinApp& application)
+{
+    if (m_bItemShown || m_bRefused || m_nSignal != 0)
+        return;
+    if (const std::string text = application.HelpWithNothing(); !text.empty())
+        m_output.WriteError(text);
 }
 
 int ConsoleDesktop::Status() const

@@ -11,6 +11,7 @@
 #include <memory>
 
 class ConsoleProgress;
+class CWinApp;
 class WindowRecord;
 struct DialogTemplate;
 
@@ -51,6 +52,8 @@ public:
     // It is not to wait for the item in hand: cancels what the windows let a user cancel, then all blocking calls.
     void BreakOff();
 
+    // Prints what the application has to say to a run that came to its end without an item.
+    void HelpWithNothing(CWinApp& application);
     // The exit status of the run.
     int Status() const;
 

@@ -66,6 +66,8 @@ public:
     // A child of `parent` with a control number, outside a dialog. FALSE if it cannot be made.
     BOOL Create(const RECT& area, CWnd* parent, UINT id);
     void SetImageList(const CImageList& images);
+    // What stands in the list while it has no rows; empty for nothing.
+    void SetPlaceholderText(const std::string& text);
     // While off, changes neither show nor are they told to the parent.
     void SetRedraw(BOOL redraw);
 

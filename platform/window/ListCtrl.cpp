@@ -40,6 +40,11 @@ void CListCtrl::SetImageList(const CImageList& images)
     ForPeer<ListWidget>(m_hWnd, [&images](ListWidget& list) { list.SetImages(images.Shared()); });
 }
 
+void CListCtrl::SetPlaceholderText(const std::string& text)
+{
+    ForPeer<ListWidget>(m_hWnd, [&text](ListWidget& list) { list.SetPlaceholder(ToolkitText(text)); });
+}
+
 void CListCtrl::SetRedraw(BOOL redraw)
 {
     ForPeer<ListWidget>(m_hWnd, [redraw](ListWidget& list) { list.SetRedraw(redraw); });

@@ -79,6 +79,13 @@ void ListWidget::SetImages(std::shared_ptr<const CImageList::Images> images)
     viewport()->update();
 }
 
+void ListWidget::SetPlaceholder(const QString& text)
+{
+    m_placeholder = text;
+    setAccessibleDescription(text);
+    viewport()->update();
+}
+
 void ListWidget::SetRedraw(bool redraw)
 {
     m_bQuiet = !redraw;
@@ -241,6 +248,18 @@ void ListWidget::keyPressEvent(QKeyEvent* event)
     }
     const int row = indexOfTopLevelItem(currentItem());
     Tick(row, !IsTicked(row));
+}
+
+void ListWidget::paintEvent(QPaintEvent* event)
+{
+    QTreeWidget::paintEvent(event);
+    if (topLevelItemCount() > 0 || m_placeholder.isEmpty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const int margin = fontMetrics().height();
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap,
+                     m_placeholder);
 }
 
 void ListWidget::mouseDoubleClickEvent(QMouseEvent* event)

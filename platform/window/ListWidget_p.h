@@ -32,6 +32,7 @@ public:
     {
         return m_images ? m_images->Icon(image) : QIcon();
     }
+    void SetPlaceholder(const QString& text);
     void SetRedraw(bool redraw);
     int AddColumn(int column, const QString& caption, int width);
     bool RemoveColumn(int column);
@@ -48,6 +49,7 @@ protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool viewportEvent(QEvent* event) override;
 
@@ -62,6 +64,7 @@ private:
     void Notify(UINT code, int row, int column);
 
     DWORD m_style = 0;
+    QString m_placeholder;
     bool m_bEnter = false;
     bool m_bQuiet = false;     // nothing is told
     std::vector<int> m_widths; // of the columns, as asked for; the last one also gets what is left

@@ -5,6 +5,7 @@
 #include "platform/window/ConsoleOutput_p.h"
 #include "platform/window/MessageBox_p.h"
 #include "platform/window/Resource.h"
+#include "platform/window/WinApp.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -32,6 +33,8 @@ std::optional<int> AnswerStartOption(int argc, char** argv)
     case StartOption::Version:
         return Print(ApplicationName() + " " + Utf8ToAnsi(resources.version) + "\n");
     case StartOption::Unknown:
+        if (const auto answer = AfxGetApp() ? AfxGetApp()->AnswerOption(request.argument) : std::nullopt)
+            return Print(*answer);
         PrintError("unknown option " + std::string(request.argument) + "; see --help");
         return kWrongUse;
     case StartOption::None:

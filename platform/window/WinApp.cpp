@@ -77,6 +77,7 @@ int RunOnConsole(CWinApp& application, ConsoleDesktop& console)
     };
     const TerminationSignals termination(kConsoleSignals, 2, stop);
     const int status = RunApplication(application);
+    console.HelpWithNothing(application);
     return status == EXIT_SUCCESS ? console.Status() : status;
 }
 
@@ -110,6 +111,16 @@ BOOL CWinApp::InitInstance()
 int CWinApp::ExitInstance()
 {
     return EXIT_SUCCESS;
+}
+
+std::optional<std::string> CWinApp::AnswerOption(std::string_view)
+{
+    return std::nullopt;
+}
+
+std::string CWinApp::HelpWithNothing()
+{
+    return {};
 }
 
 HICON CWinApp::LoadIcon(UINT id) const

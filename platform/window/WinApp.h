@@ -3,6 +3,10 @@
 
 #include "platform/window/Wnd.h"
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 class CWinApp
 {
 public:
@@ -16,6 +20,12 @@ public:
     virtual BOOL InitInstance();
     // Gives the exit status of the process.
     virtual int ExitInstance();
+
+    // What an option of the program's own prints ("--name", which the layer does not know), before anything of the
+    // program starts; nothing for one that it does not know either.
+    virtual std::optional<std::string> AnswerOption(std::string_view option);
+    // What may help the user of a run that has shown no item: printed behind it where there is no display.
+    virtual std::string HelpWithNothing();
 
     // The icon with a number of the resource table, at every size; the null handle if there is none.
     HICON LoadIcon(UINT id) const;

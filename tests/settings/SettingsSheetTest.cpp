@@ -95,29 +95,28 @@ TEST_F(SettingsSheet, EveryControlReachesTheFileWithApply)
         EXPECT_EQ(robot.Text("Save Folder"), m_home.Path("Download"));
         EXPECT_FALSE(robot.IsEnabled("Apply"));
         const std::string bounds = "<BIGTHAN FILESIZE=\"250\">1</BIGTHAN><SMALLTHAN FILESIZE=\"0\">0</SMALLTHAN>";
+        const std::string raised = "<BIGTHAN FILESIZE=\"12\">1</BIGTHAN><SMALLTHAN FILESIZE=\"0\">0</SMALLTHAN>";
+        const std::string type = "</LIMITFILESIZE><LIMITFILETYPE>6</LIMITFILETYPE>";
         const std::string other = "<BIGTHAN FILESIZE=\"12\">1</BIGTHAN><SMALLTHAN FILESIZE=\"0\">1</SMALLTHAN>";
-        const std::string sizes = "<LIMITFILESIZE>" + other + "</LIMITFILESIZE>";
-        const std::string listed = sizes + "<LIMITRESOLVING><RESOLVING_CAP RESX=\"800\" RESY=\"600\"/>";
+        const std::string sizes = "<LIMITFILESIZE>" + other;
+        const std::string listed = "<LIMITRESOLVING><RESOLVING_CAP RESX=\"800\" RESY=\"600\"/>";
         const std::pair<std::function<void()>, std::string> steps[] = {
             {[&] { robot.Type("Save Folder", m_home.Path("New")); }, "<LIMITFILETYPE>1</LIMITFILETYPE>"},
             {[&] { robot.Press("MP3 Music"); }, "<LIMITFILETYPE>3</LIMITFILETYPE>"},
             {[&] { robot.Press("Flash Files"); }, "<LIMITFILETYPE>7</LIMITFILETYPE>"},
             {[&] { robot.Press("Images"); }, "<LIMITFILETYPE>6</LIMITFILETYPE>"},
-            {[&] { robot.Press("Limit Download File Size"); },
-             "<LIMITFILESIZE>" + bounds + "</LIMITFILESIZE><LIMITFILETYPE>6</LIMITFILETYPE>"},
-            {[&] {
-                 robot.Type("Download files >, in KB", "12abc");
-                 robot.Press("Download files <");
-                 robot.Type("Download files <, in KB", "many");
-             },
-             sizes + "<LIMITFILETYPE>6</LIMITFILETYPE>"},
-            {[&] { robot.Press("Limit Images' Resolution"); }, sizes + "<LIMITFILETYPE>6</LIMITFILETYPE>"},
-            {[&] { robot.Press("800x600"); }, listed + "</LIMITRESOLVING><LIMITFILETYPE>6</LIMITFILETYPE>"},
+            {[&] { robot.Press("Limit Download File Size"); }, "<LIMITFILESIZE>" + bounds + type},
+            {[&] { robot.Type("Download files >, in KB", "12abc"); }, "<LIMITFILESIZE>" + raised + type},
+            {[&] { robot.Press("Download files <"); }, sizes + type},
+            {[&] { robot.Type("Download files <, in KB", "many"); }, sizes + type},
+            {[&] { robot.Press("Limit Images' Resolution"); }, sizes + type},
+            {[&] { robot.Press("800x600"); },
+             sizes + "</LIMITFILESIZE>" + listed + "</LIMITRESOLVING><LIMITFILETYPE>6</LIMITFILETYPE>"},
             {[&] {
                  robot.Press("Download files >");
                  robot.Press("Download files <");
              },
-             listed.substr(sizes.size()) + "</LIMITRESOLVING><LIMITFILETYPE>6</LIMITFILETYPE>"},
+             listed + "</LIMITRESOLVING><LIMITFILETYPE>6</LIMITFILETYPE>"},
         };
         for (const auto& [change, saved] : steps)
         {

@@ -4,7 +4,7 @@
 //   /devtools/browser/06e2f9d3-eaca-407b-af1b-759fb93ea3fb
 #include "platform/browser/devtools/Endpoints_p.h"
 
-#include "platform/browser/devtools/VersionQuery_p.h"
+#include "platform/browser/devtools/PortQuery_p.h"
 
 #include <QHostAddress>
 #include <QUrl>
@@ -23,8 +23,17 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr const char* kPortFile = "DevToolsActivePort";
-constexpr const char* kFolders[] = {"chromium", "google-chrome", "BraveSoftware/Brave-Browser", "vivaldi",
-                                    "microsoft-edge"};
+
+struct KnownFolder
+{
+    const char* folder;
+    const char* name;
+};
+constexpr KnownFolder kFolders[] = {{"chromium", "Chromium"},
+                                    {"google-chrome", "Chrome"},
+                                    {"BraveSoftware/Brave-Browser", "Brave"},
+                                    {"vivaldi", "Vivaldi"},
+                                    {"microsoft-edge", "Edge"}};
 
 std::string Environment(const char* name)
 {
@@ -52,17 +61,21 @@ std::vector<Place> NamedPlaces(const std::string& list)
 
 void AddKnownFolders(const fs::path& config, std::vector<Place>& places)
 {
-    for (const char* folder : kFolders)
-        places.push_back({(config / folder).string(), false});
+    for (const auto& [folder, name] : kFolders)
+        places.push_back({(config / folder).string(), false, name});
 }
 
 std::vector<Place> KnownPlaces()
 {
     const fs::path home = Environment("HOME");
     const fs::path config = Environment("XDG_CONFIG_HOME");
+    const fs::path data = Environment("XDG_DATA_HOME");
     std::vector<Place> places;
+    // Where vantroy-browser has its browser.
+    const fs::path own = (data.is_absolute() ? data : home / ".local/share") / "vantroy/browser";
+    places.push_back({own.string(), false, "vantroy-browser"});
     AddKnownFolders(config.is_absolute() ? config : home / ".config", places);
-    places.push_back({(home / "snap/chromium/common/chromium").string(), false});
+    places.push_back({(home / "snap/chromium/common/chromium").string(), false, "Chromium"});
     std::vector<fs::path> sandboxes;
     std::error_code none;
     for (const fs::directory_entry& sandbox : fs::directory_iterator(home / ".var/app", none))
@@ -106,7 +119,7 @@ HRESULT ResolveAddress(const std::string& text, Endpoint& endpoint)
             return FAILED(version.result) ? version.result : RPC_E_DISCONNECTED;
         path = version.socketPath;
     }
-    endpoint = {"ws://" + authority + path, false};
+    endpoint = {authority, "ws://" + authority + path, false};
     return S_OK;
 }
 
@@ -120,16 +133,20 @@ bool ReadPortFile(const fs::path& folder, int& port, std::string& path)
     return port > 0 && port < 65536 && std::getline(file, path) && path.starts_with("/devtools/browser/");
 }
 
-// A port that answers for another browser than the file's is one that was given anew. 404 is the answer of a browser
-// whose user has to agree: only the path of the file works there.
-//
 // A profile's folder lies in that of its browser, which holds the file.
-HRESULT ResolveFolder(const std::string& text, Endpoint& endpoint)
+bool FindPort(const std::string& text, int& port, std::string& path)
 {
     const fs::path folder = text.ends_with('/') ? text.substr(0, text.size() - 1) : text;
+    return ReadPortFile(folder, port, path) || ReadPortFile(folder.parent_path(), port, path);
+}
+
+// A port that answers for another browser than the file's is one that was given anew. 404 is the answer of a browser
+// whose user has to agree: only the path of the file works there.
+HRESULT ResolveFolder(const std::string& text, Endpoint& endpoint)
+{
     int port = 0;
     std::string path;
-    if (!ReadPortFile(folder, port, path) && !ReadPortFile(folder.parent_path(), port, path))
+    if (!FindPort(text, port, path))
         return RPC_E_DISCONNECTED;
     const std::string authority = Authority("127.0.0.1", port);
     const Version version = AskVersion(authority);
@@ -137,7 +154,7 @@ HRESULT ResolveFolder(const std::string& text, Endpoint& endpoint)
         return version.result;
     if (!version.notFound && version.socketPath != path)
         return RPC_E_DISCONNECTED;
-    endpoint = {"ws://" + authority + path, version.notFound};
+    endpoint = {authority, "ws://" + authority + path, version.notFound};
     return S_OK;
 }
 
@@ -153,6 +170,13 @@ HRESULT Resolve(const Place& place, Endpoint& endpoint)
 {
     const bool isAddress = place.text.find("://") != std::string::npos;
     return isAddress ? ResolveAddress(place.text, endpoint) : ResolveFolder(place.text, endpoint);
+}
+
+bool HasPortFile(const std::string& folder)
+{
+    int port = 0;
+    std::string path;
+    return FindPort(folder, port, path);
 }
 
 } // namespace devtools

@@ -1,14 +1,17 @@
-// The answer, shortened:
+// The answers, shortened:
 //
 //   {"Browser": "Chrome/156.0.8078.79", "webSocketDebuggerUrl": "ws://127.0.0.1:34959/devtools/browser/06e2f9d3-…"}
-#include "platform/browser/devtools/VersionQuery_p.h"
+//   [{"type": "page", "title": "Coast", "url": "http://127.0.0.1/coast/"}, {"type": "iframe", …}]
+#include "platform/browser/devtools/PortQuery_p.h"
 
 #include "platform/system/Thread.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QUrl>
 
+#include <algorithm>
 #include <curl/curl.h>
 #include <memory>
 
@@ -19,7 +22,7 @@ namespace
 
 constexpr long kConnectMs = 2000;
 constexpr long kAnswerMs = 5000;
-constexpr std::size_t kLargestAnswer = 65536;
+constexpr std::size_t kLargestAnswer = 32 << 20; // addresses of pages can be long
 
 std::size_t Append(char* data, std::size_t size, std::size_t count, void* body)
 {
@@ -49,6 +52,29 @@ void SetOptions(CURL* curl, const std::string& url, std::string& body)
     curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, IsCancelled);
 }
 
+struct Answer
+{
+    HRESULT result = RPC_E_DISCONNECTED; // S_OK if there is one
+    long status = 0;
+    std::string body = {};
+};
+
+Answer Ask(const std::string& url)
+{
+    const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), curl_easy_cleanup);
+    if (!curl)
+        return {E_OUTOFMEMORY};
+    Answer answer;
+    SetOptions(curl.get(), url, answer.body);
+    const CURLcode code = curl_easy_perform(curl.get());
+    curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &answer.status);
+    if (code == CURLE_OK)
+        answer.result = S_OK;
+    else if (code == CURLE_ABORTED_BY_CALLBACK)
+        answer.result = E_ABORT;
+    return answer;
+}
+
 // Only the path is taken: the server does not decide where we connect to.
 std::string SocketPath(const std::string& body)
 {
@@ -60,19 +86,20 @@ std::string SocketPath(const std::string& body)
 
 Version AskVersion(const std::string& authority)
 {
-    const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), curl_easy_cleanup);
-    std::string body;
-    if (!curl)
-        return {E_OUTOFMEMORY, false, {}};
-    SetOptions(curl.get(), "http://" + authority + "/json/version", body);
-    const CURLcode code = curl_easy_perform(curl.get());
-    long status = 0;
-    curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &status);
-    if (code == CURLE_ABORTED_BY_CALLBACK)
-        return {E_ABORT, false, {}};
-    if (code != CURLE_OK)
-        return {};
-    return {S_OK, status == 404, status == 200 ? SocketPath(body) : std::string()};
+    const Answer answer = Ask("http://" + authority + "/json/version");
+    if (FAILED(answer.result))
+        return {answer.result, false, {}};
+    return {S_OK, answer.status == 404, answer.status == 200 ? SocketPath(answer.body) : std::string()};
+}
+
+int CountPages(const std::string& authority)
+{
+    const Answer answer = Ask("http://" + authority + "/json/list");
+    if (FAILED(answer.result) || answer.status != 200)
+        return 0;
+    const QJsonArray targets = QJsonDocument::fromJson(QByteArray::fromStdString(answer.body)).array();
+    return static_cast<int>(std::ranges::count_if(
+        targets, [](const QJsonValue& target) { return target.toObject().value("type").toString() == "page"; }));
 }
 
 } // namespace devtools

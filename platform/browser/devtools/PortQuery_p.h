@@ -1,4 +1,4 @@
-// The one plain HTTP request of the protocol: what listens at a port?
+// The plain HTTP requests of the protocol: what listens at a port, and with how many pages?
 #pragma once
 
 #include "platform/com/Unknown.h"
@@ -17,5 +17,7 @@ struct Version
 
 // GET http://AUTHORITY/json/version, with a limit of a few seconds.
 Version AskVersion(const std::string& authority);
+// GET http://AUTHORITY/json/list, in the same way. The number of pages; 0 without an answer.
+int CountPages(const std::string& authority);
 
 } // namespace devtools

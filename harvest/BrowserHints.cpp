@@ -1,0 +1,58 @@
+#include "harvest/BrowserHints.h"
+
+#include "base/FormatText.h"
+#include "resources/ResourceIds.h"
+
+#include "platform/window/Resource.h"
+
+#include <algorithm>
+
+namespace
+{
+
+std::string DescribeState(const BrowserReport& report)
+{
+    switch (report.state)
+    {
+    case BrowserState::Open:
+        return FormatText(IDS_BROWSER_OPEN, "%d", std::to_string(report.pages));
+    case BrowserState::AsksUser:
+        return AfxLoadString(IDS_BROWSER_ASKS);
+    case BrowserState::Stale:
+        return AfxLoadString(IDS_BROWSER_STALE);
+    case BrowserState::Refused:
+        return AfxLoadString(IDS_BROWSER_REFUSED);
+    case BrowserState::NotEnabled:
+        break;
+    }
+    return AfxLoadString(IDS_BROWSER_NOT_ENABLED);
+}
+
+} // namespace
+
+std::string DescribeBrowsers(const std::vector<BrowserReport>& reports)
+{
+    if (reports.empty())
+        return AfxLoadString(IDS_NO_BROWSER) + '\n';
+    std::string text;
+    for (const BrowserReport& report : reports)
+    {
+        text += report.name;
+        if (report.name != report.place)
+            text += ", " + report.place;
+        text += "\n    " + DescribeState(report) + '\n';
+    }
+    return text;
+}
+
+std::string EmptyListHint(const std::vector<BrowserReport>& reports)
+{
+    const auto has = [&reports](BrowserState state) {
+        return std::ranges::find(reports, state, &BrowserReport::state) != reports.end();
+    };
+    if (reports.empty())
+        return AfxLoadString(IDS_NO_BROWSER);
+    if (has(BrowserState::Open))
+        return AfxLoadString(IDS_HINT_NO_PAGE);
+    return AfxLoadString(has(BrowserState::AsksUser) ? IDS_HINT_ASKS : IDS_HINT_START);
+}
