@@ -69,7 +69,7 @@ std::optional<std::string> CVantroyApp::AnswerOption(std::string_view option)
 {
     if (option != "--browsers")
         return std::nullopt;
-    return DescribeBrowsers(ReportBrowsers());
+    return DescribeBrowsers(ReportBrowsers()) + '\n';
 }
 
 // Where there are pages, it is not the browser that was missing.

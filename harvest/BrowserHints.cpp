@@ -33,14 +33,14 @@ std::string DescribeState(const BrowserReport& report)
 std::string DescribeBrowsers(const std::vector<BrowserReport>& reports)
 {
     if (reports.empty())
-        return AfxLoadString(IDS_NO_BROWSER) + '\n';
+        return AfxLoadString(IDS_NO_BROWSER);
     std::string text;
     for (const BrowserReport& report : reports)
     {
-        text += report.name;
+        text += (text.empty() ? "" : "\n") + report.name;
         if (report.name != report.place)
             text += ", " + report.place;
-        text += "\n    " + DescribeState(report) + '\n';
+        text += "\n    " + DescribeState(report);
     }
     return text;
 }
@@ -50,8 +50,6 @@ std::string EmptyListHint(const std::vector<BrowserReport>& reports)
     const auto has = [&reports](BrowserState state) {
         return std::ranges::find(reports, state, &BrowserReport::state) != reports.end();
     };
-    if (reports.empty())
-        return AfxLoadString(IDS_NO_BROWSER);
     if (has(BrowserState::Open))
         return AfxLoadString(IDS_HINT_NO_PAGE);
     return AfxLoadString(has(BrowserState::AsksUser) ? IDS_HINT_ASKS : IDS_HINT_START);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// Each browser on a line, with its state and what helps below it; or that there is none. Whole lines.
+// Each browser on a line, with its state and what helps below it; or that there is none.
 std::string DescribeBrowsers(const std::vector<BrowserReport>& reports);
 
 // What an empty list of windows says in place of rows: the one thing that helps most.

@@ -42,8 +42,8 @@ std::span<const TextEntry> TextResources()
                            "You need to restart browser to make it work."},
         {IDS_BUTTON_REMOVED, "Program shortcut icon has been removed.\nYou need to restart browser to make it work."},
         {IDS_NO_BROWSER,
-         "There is no browser of the Chromium family here. Install one, Chromium for instance, and start it "
-         "with vantroy-browser."},
+         "No browser of the Chromium family has been used here yet. Start one with vantroy-browser; install one "
+         "before, Chromium for instance, if there is none."},
         {IDS_BROWSER_OPEN, "open; pages: %d"},
         {IDS_BROWSER_ASKS, "asks you about each program: allow the connection when Vantroy looks for pages."},
         {IDS_BROWSER_STALE,

@@ -67,6 +67,7 @@ public:
     int RowCount(const std::string& window = {}) const;
     std::vector<std::string> Columns(const std::string& window = {}) const;
     std::string Cell(int row, int column, const std::string& window = {}) const;
+    std::string ListHint(const std::string& window = {}) const; // what stands in place of rows
     bool IsTicked(int row, const std::string& window = {}) const;
     void Tick(int row, const std::string& window = {}) const;                // mouse click on the box: turns it over
     void RightClickList(int row = -1, const std::string& window = {}) const; // -1: below the last row

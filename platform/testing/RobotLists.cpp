@@ -60,6 +60,15 @@ int Robot::RowCount(const std::string& window) const
     return Await<int>(m_deadline, [&] { return ListOf(window)->model()->rowCount(); });
 }
 
+std::string Robot::ListHint(const std::string& window) const
+{
+    const auto look = [&] {
+        const auto* list = ListOf(window);
+        return list->model()->rowCount() > 0 ? std::string() : list->accessibleDescription().toStdString();
+    };
+    return Await<std::string>(m_deadline, look);
+}
+
 std::vector<std::string> Robot::Columns(const std::string& window) const
 {
     const auto look = [&] {

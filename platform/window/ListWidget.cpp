@@ -256,7 +256,10 @@ void ListWidget::paintEvent(QPaintEvent* event)
     if (topLevelItemCount() > 0 || m_placeholder.isEmpty())
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    // Not every dark desktop sets the palette's own colour for this.
+    QColor faint = palette().color(QPalette::Text);
+    faint.setAlphaF(0.6F);
+    painter.setPen(faint);
     const int margin = fontMetrics().height();
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap,
                      m_placeholder);

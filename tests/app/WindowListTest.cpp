@@ -67,8 +67,10 @@ TEST_F(WindowList, TheDownloadButtonFollowsTheTicks)
 
 TEST_F(WindowList, IsEmptyWithoutABrowserAndFilledByARefresh)
 {
+    setenv("VANTROY_BROWSER", "/nowhere", 1);
     Run([this](Robot& robot) {
         robot.WaitForWindow(kMainWindow);
+        EXPECT_TRUE(robot.ListHint().starts_with("No browser can be reached. Start one with vantroy-browser"));
         EXPECT_EQ(robot.RowCount(), 0);
         EXPECT_FALSE(robot.IsEnabled("Download Now"));
         robot.RightClickList();
@@ -81,7 +83,9 @@ TEST_F(WindowList, IsEmptyWithoutABrowserAndFilledByARefresh)
         robot.Key("Alt+R");
         robot.WaitUntil([&robot] { return robot.RowCount() == 1; }, "the new page");
         EXPECT_TRUE(robot.IsEnabled("Download Now"));
+        EXPECT_EQ(robot.ListHint(), "");
     });
+    unsetenv("VANTROY_BROWSER");
 }
 
 TEST_F(WindowList, KeepsWhatItReadBeforeTheBrowserFailed)

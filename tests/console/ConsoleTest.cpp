@@ -101,13 +101,14 @@ TEST(Console, EndsWithAStatusThatTellsHowItWent)
          1,
          kBegin + "host  /a  1 Bytes  100% Complete\n" + kEnd,
          "vantroy: Go on? No\nvantroy: Answered No.\uFFFD[31m\n"},
-        {{.scenario = "nothing"}, 1, kBegin + kEnd, ""},
-        {{.scenario = "box"}, 1, "", "vantroy: Cannot start.\n"},
+        {{.scenario = "nothing"}, 1, kBegin + kEnd, "vantroy: Nothing came.\n"},
+        {{.scenario = "box"}, 1, "", "vantroy: Cannot start.\nvantroy: Nothing came.\n"},
         {{.scenario = "plain"},
          2,
          "",
          "vantroy: no display for the main window; --all and --current do without one, see --help\n"},
         {{.scenario = "one", .arguments = {"--foo\x1b"}}, 2, "", "vantroy: unknown option --foo\uFFFD; see --help\n"},
+        {{.scenario = "one", .arguments = {"--all", "--mine"}}, 0, "mine\n", ""},
         {{.scenario = "one", .arguments = {"--all", "--version"}}, 0, "Vantroy 1.2.0\n", ""},
     };
     for (const Row& row : rows)

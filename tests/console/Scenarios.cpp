@@ -193,6 +193,14 @@ public:
         }
         return FALSE;
     }
+    std::optional<std::string> AnswerOption(std::string_view option) override
+    {
+        return option == "--mine" ? std::optional<std::string>("mine\n") : std::nullopt;
+    }
+    std::string HelpWithNothing() override
+    {
+        return "Nothing came.";
+    }
     int ExitInstance() override
     {
         const char* status = std::getenv("CONSOLE_STATUS");
