@@ -36,12 +36,18 @@ fs::path UserDataFolder()
     return fs::path(home) / ".local" / "share";
 }
 
+// Whether the folder is the program's alone. Root can write into those that all programs share, and must not.
+bool IsOwnFolder(const fs::path& folder)
+{
+    return !folder.empty() && folder != "/usr/bin" && folder != "/usr/local/bin" && access(folder.c_str(), W_OK) == 0;
+}
+
 fs::path HomeFolder()
 {
     if (const std::string named = Environment("VANTROY_HOME"); !named.empty())
         return named;
     const fs::path own = ExecutableFolder();
-    return !own.empty() && access(own.c_str(), W_OK) == 0 ? own : UserDataFolder() / "vantroy";
+    return IsOwnFolder(own) ? own : UserDataFolder() / "vantroy";
 }
 
 } // namespace
