@@ -7,6 +7,7 @@ file(RELATIVE_PATH manual_from_program ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INST
 function(vantroy_manual program)
     file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/docs/manual/*.html ${CMAKE_SOURCE_DIR}/docs/manual/*.css
         ${CMAKE_SOURCE_DIR}/docs/*.png)
+    list(FILTER files EXCLUDE REGEX "/controls\\.png$") # in no page
     set(folder ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${manual_from_program})
     set(stamp ${CMAKE_BINARY_DIR}/manual.stamp)
     add_custom_command(OUTPUT ${stamp} DEPENDS ${files}
