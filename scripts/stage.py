@@ -140,6 +140,16 @@ def evaluate(socket_url, expression):
         return json.loads(stream.read(size))['result']['result'].get('value')
 
 
+def loaded(port, wanted):
+    """Whether a browser shows all these pages, complete."""
+    with urllib.request.urlopen(f'http://127.0.0.1:{port}/json/list', timeout=10) as answer:
+        pages = [page for page in json.load(answer) if page['type'] == 'page' and page['url'] in wanted]
+    # A new tab is listed with its address while it still shows its first, empty document.
+    return len(pages) == len(wanted) and all(
+        evaluate(page['webSocketDebuggerUrl'], 'document.readyState == "complete" && location.href') == page['url']
+        for page in pages)
+
+
 class Browser(contextlib.AbstractContextManager):
     """A Chromium with a fresh data folder and a random port, on the given pages."""
 
@@ -163,16 +173,8 @@ class Browser(contextlib.AbstractContextManager):
             for page in pages[1:]:
                 request = urllib.request.Request(f'{self.endpoint}/json/new?{page}', method='PUT')
                 urllib.request.urlopen(request, timeout=10).close()
-            wait_for(lambda: self._loaded(pages), 'the pages to load', 60)
+            wait_for(lambda: loaded(self.port, pages), 'the pages to load', 60)
             self._stack = self._stack.pop_all()
-
-    def _loaded(self, wanted):
-        with urllib.request.urlopen(f'{self.endpoint}/json/list', timeout=10) as answer:
-            pages = [page for page in json.load(answer) if page['type'] == 'page' and page['url'] in wanted]
-        # A new tab is listed with its address while it still shows its first, empty document.
-        return len(pages) == len(wanted) and all(
-            evaluate(page['webSocketDebuggerUrl'], 'document.readyState == "complete" && location.href') == page['url']
-            for page in pages)
 
     def __exit__(self, *_):
         self._stack.close()
