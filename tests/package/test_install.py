@@ -15,7 +15,7 @@ SAVED = demo.by_name(PICTURES) | {
     'cover.jpg': PICTURES['/coast/cover.jpg'], 'cover1.jpg': PICTURES['/patterns/cover.jpg']}
 
 
-@unittest.skipUnless(os.environ.get('PACKAGE_SYSTEM'), 'needs root, to make a system to install into')
+@unittest.skipUnless(os.environ.get('PACKAGE_SYSTEM'), 'needs root, who may mount, to make a system to install into')
 class Install(unittest.TestCase):
     system = pathlib.Path(os.environ.get('PACKAGE_SYSTEM', ''))
 
