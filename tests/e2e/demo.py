@@ -24,6 +24,8 @@ def by_name(files):
 
 
 class DemoTest(unittest.TestCase):
+    shown = slice(None)  # the pages that the browser shows
+
     def setUp(self):
         self.base = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix='vantroy-e2e-')))
         self.log = self.base / 'requests'
@@ -31,8 +33,8 @@ class DemoTest(unittest.TestCase):
         self.home.mkdir()
         self.folder = self.home / 'Download'
         self.server = self.enterContext(stage.DemoServer(self.log))
-        browser = self.enterContext(stage.Browser(self.server.pages))
-        self.variables = {'VANTROY_HOME': str(self.home), 'VANTROY_BROWSER': browser.endpoint,
+        self.browser = self.enterContext(stage.Browser(self.server.pages[self.shown]))
+        self.variables = {'VANTROY_HOME': str(self.home), 'VANTROY_BROWSER': self.browser.endpoint,
                           'VANTROY_HTTP_PORT': str(self.server.port)}
 
     def saved(self):

@@ -13,7 +13,7 @@ MEDIA = demo.media(PAGES, demo.PICTURE_KINDS + demo.SOUND_KINDS)
 SAVED = demo.by_name(MEDIA) | {'cover.jpg': MEDIA['/coast/cover.jpg'], 'cover1.jpg': MEDIA['/patterns/cover.jpg']}
 
 
-class BatchModes(demo.DemoTest):
+class BatchTest(demo.DemoTest):
     def setUp(self):
         super().setUp()
         (self.home / 'config.xml').write_text(
@@ -28,6 +28,20 @@ class BatchModes(demo.DemoTest):
         self.assertEqual(status, done.returncode, done.stdout + done.stderr)
         return done
 
+
+class TwoBrowsers(BatchTest):
+    shown = slice(0, 1)
+
+    def test_the_pages_of_both_are_one_run(self):
+        second = self.enterContext(stage.Browser(self.server.pages[1:]))
+        self.environment['VANTROY_BROWSER'] = f'{self.browser.folder},{second.folder}'
+        states = self.run_program('--browsers').stdout
+        self.assertEqual(f'{self.browser.folder}\n    open; pages: 1\n{second.folder}\n    open; pages: 2\n', states)
+        self.run_program('--all')
+        self.assert_same_files(SAVED, self.saved())
+
+
+class BatchModes(BatchTest):
     def test_every_file_of_every_open_page_arrives(self):
         done = self.run_program('--all')
         self.assert_same_files(SAVED, self.saved())
