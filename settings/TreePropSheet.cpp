@@ -56,11 +56,6 @@ void CTreePropSheet::SetEmptyPageFormat(const std::string& format)
     m_emptyPageFormat = format;
 }
 
-void CTreePropSheet::SetTreeWidth(int width)
-{
-    m_nTreeWidth = width;
-}
-
 bool CTreePropSheet::AttachPageIcon(CPropertyPage& page, const CImageList& images, int index)
 {
     const HICON icon = images.ExtractIcon(index);

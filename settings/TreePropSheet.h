@@ -29,8 +29,6 @@ public:
     bool SetDefaultTreeIcons(const CImageList& images);
     // What MakeEmptyPageText puts the node's text into, in place of "%s".
     void SetEmptyPageFormat(const std::string& format);
-    // In pixels of a desktop whose dialog unit is one and a half pixels wide; with a wider font it grows as pages do.
-    void SetTreeWidth(int width);
 
     // Gives the page the icon at `index` of the list. False for a number that there is none for.
     static bool AttachPageIcon(CPropertyPage& page, const CImageList& images, int index);
@@ -86,5 +84,6 @@ private:
     CImageList m_treeImages; // those of the tabs, and the two default ones behind them
     CImageList m_defaultImages;
     std::string m_emptyPageFormat;
+    // In pixels of a desktop whose dialog unit is one and a half pixels wide; with a wider font it grows as pages do.
     int m_nTreeWidth = 150;
 };

@@ -13,7 +13,7 @@ const std::string kSheet = "Configuration...";
 class Setup : public AppTest
 {
 protected:
-    // Two pages' worth of files of which none is stored where the record says.
+    // A page with an item for HTTP and one that the browser holds.
     void OpenPages()
     {
         m_home.Write("copy", "cached");

@@ -66,7 +66,7 @@ protected:
     std::unique_ptr<CDownloadSetting> m_setting;
 };
 
-// "box" or "box=" for each of these that can be used, "=" where it is ticked.
+// The last word of each of these that can be used.
 std::string Usable(const Robot& robot, const std::vector<std::string>& controls)
 {
     std::string text;
