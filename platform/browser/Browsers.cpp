@@ -1,8 +1,8 @@
 #include "platform/browser/Browsers.h"
 
+#include "platform/browser/LoadedCopies_p.h"
 #include "platform/browser/ObjectModel.h"
-#include "platform/browser/devtools/LoadedCopies_p.h"
-#include "platform/browser/devtools/ShellWindows_p.h"
+#include "platform/browser/ShellWindows_p.h"
 #include "platform/com/Com.h"
 #include "platform/internet/UrlCache.h"
 

@@ -1,6 +1,6 @@
 #include "platform/browser/devtools/Browser_p.h"
 
-#include "platform/browser/devtools/Scripts_p.h"
+#include "platform/browser/Scripts_p.h"
 #include "platform/browser/devtools/TabStrip_p.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // One browser: reached when it is first needed, and reached again after it has gone.
 #pragma once
 
+#include "platform/browser/Page_p.h"
 #include "platform/browser/devtools/Endpoints_p.h"
-#include "platform/browser/devtools/Page_p.h"
 
 #include <map>
 #include <memory>

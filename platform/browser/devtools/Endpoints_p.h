@@ -1,7 +1,7 @@
 // Where browsers may be waiting, and whether one is.
 #pragma once
 
-#include "platform/browser/devtools/PendingReply_p.h"
+#include "platform/browser/PendingReply_p.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // The pages of one browser in the order in which the user sees their tabs.
 #pragma once
 
-#include "platform/browser/devtools/Connection_p.h"
+#include "platform/browser/Connection_p.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 // A DevTools server with a few pages, which can misbehave.
 #pragma once
 
-#include "platform/browser/devtools/IoThread_p.h"
+#include "platform/browser/IoThread_p.h"
 
 #include <QJsonObject>
 #include <QString>

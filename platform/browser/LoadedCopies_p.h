@@ -1,8 +1,8 @@
 // The browsers' loaded resources as the program's URL cache, with nothing asked of the network.
 #pragma once
 
-#include "platform/browser/devtools/BrowserList_p.h"
-#include "platform/browser/devtools/CopyFolder_p.h"
+#include "platform/browser/BrowserList_p.h"
+#include "platform/browser/CopyFolder_p.h"
 #include "platform/internet/UrlCache.h"
 
 #include <map>

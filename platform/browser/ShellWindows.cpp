@@ -1,7 +1,7 @@
-#include "platform/browser/devtools/ShellWindows_p.h"
+#include "platform/browser/ShellWindows_p.h"
 
+#include "platform/browser/Document_p.h"
 #include "platform/browser/ObjectModel.h"
-#include "platform/browser/devtools/Document_p.h"
 #include "platform/com/ComObject.h"
 #include "platform/com/Guard_p.h"
 

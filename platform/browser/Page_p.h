@@ -1,7 +1,7 @@
 // What is known of one page between two looks: above all whether it answers.
 #pragma once
 
-#include "platform/browser/devtools/Connection_p.h"
+#include "platform/browser/Connection_p.h"
 
 namespace devtools
 {

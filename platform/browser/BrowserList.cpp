@@ -1,6 +1,6 @@
-#include "platform/browser/devtools/BrowserList_p.h"
+#include "platform/browser/BrowserList_p.h"
 
-#include "platform/browser/devtools/IoThread_p.h"
+#include "platform/browser/IoThread_p.h"
 
 #include <algorithm>
 

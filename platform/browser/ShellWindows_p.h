@@ -1,7 +1,7 @@
 // The window collection over the running browsers.
 #pragma once
 
-#include "platform/browser/devtools/BrowserList_p.h"
+#include "platform/browser/BrowserList_p.h"
 #include "platform/com/ComPtr.h"
 
 #include <memory>

@@ -2,7 +2,7 @@
 // and its reply carry one id, and a request to a page carries the session of that page. Any thread may call.
 #pragma once
 
-#include "platform/browser/devtools/PendingReply_p.h"
+#include "platform/browser/PendingReply_p.h"
 
 #include <QJsonObject>
 #include <QString>

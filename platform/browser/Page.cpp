@@ -1,4 +1,4 @@
-#include "platform/browser/devtools/Page_p.h"
+#include "platform/browser/Page_p.h"
 
 namespace devtools
 {

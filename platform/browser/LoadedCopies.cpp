@@ -5,7 +5,7 @@
 //    "resources": [{"url": "…", "type": "Image", "mimeType": "image/png", "contentSize": 30173, "failed": true}]}
 //
 // `contentSize` is 0 until a resource is loaded to its end, and Page.getResourceContent hands out what has come so far.
-#include "platform/browser/devtools/LoadedCopies_p.h"
+#include "platform/browser/LoadedCopies_p.h"
 
 #include "platform/text/CodePage.h"
 

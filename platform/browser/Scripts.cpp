@@ -1,6 +1,6 @@
-#include "platform/browser/devtools/Scripts_p.h"
+#include "platform/browser/Scripts_p.h"
 
-#include "platform/browser/devtools/Connection_p.h"
+#include "platform/browser/Connection_p.h"
 
 #include <QUuid>
 

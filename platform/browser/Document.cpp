@@ -1,6 +1,6 @@
-#include "platform/browser/devtools/Document_p.h"
+#include "platform/browser/Document_p.h"
 
-#include "platform/browser/devtools/Scripts_p.h"
+#include "platform/browser/Scripts_p.h"
 #include "platform/com/ComObject.h"
 #include "platform/com/Guard_p.h"
 

@@ -1,4 +1,4 @@
-#include "platform/browser/devtools/IoThread_p.h"
+#include "platform/browser/IoThread_p.h"
 
 #include "platform/system/TaskQueue_p.h"
 

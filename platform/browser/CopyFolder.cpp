@@ -1,4 +1,4 @@
-#include "platform/browser/devtools/CopyFolder_p.h"
+#include "platform/browser/CopyFolder_p.h"
 
 #include <cstdlib>
 #include <fcntl.h>

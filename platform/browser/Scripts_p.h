@@ -1,7 +1,7 @@
 // What is evaluated in a page, always in a world of our own: its own scripts cannot redefine anything there.
 #pragma once
 
-#include "platform/browser/devtools/PendingReply_p.h"
+#include "platform/browser/PendingReply_p.h"
 
 #include <QJsonValue>
 #include <QString>

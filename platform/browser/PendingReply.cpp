@@ -1,4 +1,4 @@
-#include "platform/browser/devtools/PendingReply_p.h"
+#include "platform/browser/PendingReply_p.h"
 
 #include "platform/system/Thread.h"
 

@@ -1,6 +1,6 @@
-#include "platform/browser/devtools/Connection_p.h"
+#include "platform/browser/Connection_p.h"
 
-#include "platform/browser/devtools/IoThread_p.h"
+#include "platform/browser/IoThread_p.h"
 
 #include <QJsonDocument>
 #include <QNetworkProxy>
