@@ -1,10 +1,11 @@
 #include "platform/browser/BrowserList_p.h"
 
 #include "platform/browser/IoThread_p.h"
+#include "platform/browser/Protocols_p.h"
 
 #include <algorithm>
 
-namespace devtools
+namespace browsing
 {
 
 BrowserList::BrowserList() : m_io(std::make_shared<IoThread>())
@@ -24,7 +25,7 @@ std::vector<std::shared_ptr<Browser>> BrowserList::Current()
     {
         auto found = std::ranges::find(m_browsers, place, [](const auto& known) { return known->GetPlace(); });
         if (found == m_browsers.end())
-            found = m_browsers.insert(found, std::make_shared<Browser>(place, m_io));
+            found = m_browsers.insert(found, MakeBrowser(place, m_io));
         browsers.push_back(*found);
     }
     return browsers;
@@ -65,14 +66,14 @@ HRESULT BrowserList::Look(std::vector<SeenPage>& pages)
     });
 }
 
-std::vector<PageResources> BrowserList::ReadResources()
+std::vector<LoadedResource> BrowserList::ReadResources()
 {
     std::vector<std::shared_ptr<Browser>> browsers;
     {
         const std::lock_guard lock(m_mutex);
         browsers = m_browsers;
     }
-    std::vector<PageResources> resources;
+    std::vector<LoadedResource> resources;
     for (const auto& browser : browsers)
         browser->ReadResources(resources);
     return resources;
@@ -92,4 +93,4 @@ void BrowserList::CloseConnections()
         browser->Close();
 }
 
-} // namespace devtools
+} // namespace browsing

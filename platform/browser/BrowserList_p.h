@@ -7,7 +7,7 @@
 #include <mutex>
 #include <vector>
 
-namespace devtools
+namespace browsing
 {
 
 class BrowserList
@@ -20,7 +20,7 @@ public:
     HRESULT Reach();
     // The pages of one browser after the other. A browser that was not named and does not answer has none.
     HRESULT Look(std::vector<SeenPage>& pages);
-    std::vector<PageResources> ReadResources();
+    std::vector<LoadedResource> ReadResources();
     // Ends all connections: waiting calls fail at once, later ones too.
     void Close();
 
@@ -35,4 +35,4 @@ private:
     std::vector<std::shared_ptr<Browser>> m_browsers;
 };
 
-} // namespace devtools
+} // namespace browsing

@@ -9,9 +9,9 @@
 namespace
 {
 
-std::shared_ptr<devtools::BrowserList>& Browsers()
+std::shared_ptr<browsing::BrowserList>& Browsers()
 {
-    static std::shared_ptr<devtools::BrowserList> browsers;
+    static std::shared_ptr<browsing::BrowserList> browsers;
     return browsers;
 }
 
@@ -19,12 +19,12 @@ std::shared_ptr<devtools::BrowserList>& Browsers()
 
 void RegisterBrowsers()
 {
-    const auto browsers = std::make_shared<devtools::BrowserList>();
+    const auto browsers = std::make_shared<browsing::BrowserList>();
     Browsers() = browsers;
     RegisterClassFactory(CLSID_ShellWindows, [browsers](CComPtr<IUnknown>& object) {
-        return devtools::MakeShellWindows(browsers, object);
+        return browsing::MakeShellWindows(browsers, object);
     });
-    SetUrlCacheSource(std::make_shared<devtools::LoadedCopies>(browsers));
+    SetUrlCacheSource(std::make_shared<browsing::LoadedCopies>(browsers));
 }
 
 void CloseBrowsers()

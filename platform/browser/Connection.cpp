@@ -10,13 +10,13 @@
 #include <new>
 #include <utility>
 
-namespace devtools
+namespace browsing
 {
 namespace
 {
 
-// A resource travels as base64 in one message; see the limit of its size in LoadedCopies.cpp. A message above this
-// ends the connection.
+// A resource travels as base64 in one message; see the limit of its size in devtools/Resources.cpp. A message above
+// this ends the connection.
 constexpr quint64 kLargestMessage = 512U << 20;
 
 QByteArray Encode(int id, const Command& command)
@@ -34,7 +34,7 @@ Connection::Connection(std::shared_ptr<IoThread> io) : m_io(std::move(io))
 
 Connection::~Connection()
 {
-    Close();
+    Connection::Close();
 }
 
 HRESULT Connection::Open(const std::string& url, Deadline deadline)
@@ -71,15 +71,6 @@ std::shared_ptr<PendingReply> Connection::Send(const Command& command, NextComma
 Reply Connection::Call(const Command& command, Deadline deadline)
 {
     return Send(command)->Take(deadline);
-}
-
-std::vector<Attached> Connection::Sessions() const
-{
-    const std::lock_guard lock(m_mutex);
-    std::vector<Attached> sessions;
-    for (const auto& [session, target] : m_sessions)
-        sessions.push_back({session, target});
-    return sessions;
 }
 
 // No Origin header: with one the browser takes us for a page and refuses. No proxy: the address is this machine's.
@@ -125,8 +116,7 @@ void Connection::Transmit(const QByteArray& message)
 QByteArray Connection::Enter(const Command& command, Request request)
 {
     const std::lock_guard lock(m_mutex);
-    const bool isSound = command.session.isEmpty() || m_sessions.contains(command.session);
-    if (!m_open || !isSound || m_crashed.contains(command.session))
+    if (!m_open || !IsAlive(command.session))
     {
         request.pending->Finish({m_open ? E_FAIL : RPC_E_DISCONNECTED, {}});
         return {};
@@ -169,48 +159,20 @@ void Connection::OnReply(int id, QJsonValue result)
         Transmit(next);
 }
 
-void Connection::OnEvent(const QString& method, const QJsonObject& message)
-{
-    const QString session = message.value("sessionId").toString();
-    const QJsonObject params = message.value("params").toObject();
-    if (method == "Target.attachedToTarget")
-        OnAttached(params);
-    else if (method == "Target.detachedFromTarget")
-        OnDetached(params.value("sessionId").toString());
-    else if (method == "Inspector.targetCrashed")
-        OnCrashed(session);
-    else if (method == "Inspector.targetReloadedAfterCrash")
-    {
-        const std::lock_guard lock(m_mutex);
-        m_crashed.erase(session);
-    }
-}
+void Connection::OnEvent(const QString&, const QJsonObject&)
+{}
 
-void Connection::OnAttached(const QJsonObject& params)
-{
-    const std::lock_guard lock(m_mutex);
-    m_sessions[params.value("sessionId").toString()] =
-        params.value("targetInfo").toObject().value("targetId").toString();
-}
+void Connection::OnLost()
+{}
 
-void Connection::OnDetached(const QString& session)
+bool Connection::IsAlive(const QString&) const
 {
-    const std::lock_guard lock(m_mutex);
-    m_sessions.erase(session);
-    m_crashed.erase(session);
-    FailRequests(session);
-}
-
-// A crashed page answers nothing until it is loaded again.
-void Connection::OnCrashed(const QString& session)
-{
-    const std::lock_guard lock(m_mutex);
-    m_crashed.insert(session);
-    FailRequests(session);
+    return true;
 }
 
 void Connection::FailRequests(const QString& session)
 {
+    const std::lock_guard lock(m_mutex);
     std::erase_if(m_requests, [&](const auto& entry) {
         if (entry.second.session != session)
             return false;
@@ -222,12 +184,11 @@ void Connection::FailRequests(const QString& session)
 void Connection::Lose()
 {
     m_opening->Finish({RPC_E_DISCONNECTED, {}});
+    OnLost();
     const std::lock_guard lock(m_mutex);
     m_open = false;
-    m_sessions.clear();
-    m_crashed.clear();
     for (const auto& [id, request] : std::exchange(m_requests, {}))
         request.pending->Finish({RPC_E_DISCONNECTED, {}});
 }
 
-} // namespace devtools
+} // namespace browsing

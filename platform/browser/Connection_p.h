@@ -1,5 +1,5 @@
-// One browser at the other end of one WebSocket, which speaks the DevTools protocol: JSON messages, of which a request
-// and its reply carry one id, and a request to a page carries the session of that page. Any thread may call.
+// One browser at the other end of one WebSocket, which speaks JSON messages: a request and its reply carry one id, and
+// what carries none is an event. Any thread may call.
 #pragma once
 
 #include "platform/browser/PendingReply_p.h"
@@ -11,18 +11,16 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <set>
 #include <string>
-#include <vector>
 
 class QWebSocket;
 
-namespace devtools
+namespace browsing
 {
 
 class IoThread;
 
-// A request: {"id": 1, "method": "Page.enable", "params": {}, "sessionId": "…"}. An empty session is the browser.
+// A request: {"id": 1, "method": "Page.enable", "params": {}, "sessionId": "…"}. An empty session is left out.
 struct Command
 {
     QString method;
@@ -34,18 +32,11 @@ struct Command
 // does not wait for its turn on the calling thread.
 using NextCommand = std::function<Command(const QJsonObject& value)>;
 
-// A page that the browser has given us a session of.
-struct Attached
-{
-    QString session;
-    QString target;
-};
-
 class Connection
 {
 public:
     explicit Connection(std::shared_ptr<IoThread> io);
-    ~Connection();
+    virtual ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
@@ -53,15 +44,20 @@ public:
     HRESULT Open(const std::string& url, Deadline deadline);
     bool IsOpen() const;
     // Every call that waits fails with RPC_E_DISCONNECTED, as when the browser goes away.
-    void Close();
+    virtual void Close();
 
-    // Many requests may be under way. The result of a reply is E_FAIL if the browser refused the request or the page
-    // has crashed or closed.
+    // Many requests may be under way. The result of a reply is E_FAIL if the browser refused the request or its session
+    // has ended.
     std::shared_ptr<PendingReply> Send(const Command& command, NextCommand next = nullptr);
     Reply Call(const Command& command, Deadline deadline);
 
-    // The sessions of this moment.
-    std::vector<Attached> Sessions() const;
+protected:
+    // Called on the I/O thread, OnLost on any.
+    virtual void OnEvent(const QString& method, const QJsonObject& message);
+    virtual void OnLost();
+    // Whether requests to a session can be answered. Called with the requests locked.
+    virtual bool IsAlive(const QString& session) const;
+    void FailRequests(const QString& session);
 
 private:
     struct Request
@@ -77,11 +73,6 @@ private:
     QByteArray Enter(const Command& command, Request request);
     void Receive(const QString& message);
     void OnReply(int id, QJsonValue result);
-    void OnEvent(const QString& method, const QJsonObject& message);
-    void OnAttached(const QJsonObject& params);
-    void OnDetached(const QString& session);
-    void OnCrashed(const QString& session);
-    void FailRequests(const QString& session);
     void Lose();
 
     const std::shared_ptr<IoThread> m_io;
@@ -92,8 +83,6 @@ private:
     bool m_open = false;
     int m_lastId = 0;
     std::map<int, Request> m_requests;
-    std::map<QString, QString> m_sessions; // the target by session
-    std::set<QString> m_crashed;
 };
 
-} // namespace devtools
+} // namespace browsing

@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace devtools
+namespace browsing
 {
 namespace
 {
@@ -59,4 +59,4 @@ std::string CopyFolder::Store(const QByteArray& content)
     return {};
 }
 
-} // namespace devtools
+} // namespace browsing

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-namespace devtools
+namespace browsing
 {
 
 class CopyFolder
@@ -27,4 +27,4 @@ private:
     int m_files = 0;
 };
 
-} // namespace devtools
+} // namespace browsing

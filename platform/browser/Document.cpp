@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace devtools
+namespace browsing
 {
 namespace
 {
@@ -146,8 +146,7 @@ private:
         *all = nullptr;
         return GuardedCall([&] {
             QJsonValue value;
-            const Command command = Evaluate(script, m_page.context, m_page.session);
-            const HRESULT result = TakeValue(m_page.browser->Call(command, Clock::now() + kCollectionLimit), value);
+            const HRESULT result = m_page.world->Evaluate(script, Clock::now() + kCollectionLimit, value);
             return FAILED(result)
                        ? result
                        : Give(CComPtr<IHTMLElementCollection>(new Collection<Element>(value.toArray())), all);
@@ -181,4 +180,4 @@ CComPtr<IDispatch> MakeWindow(SeenPage page)
     return CComPtr<IDispatch>(new Window(std::move(page)));
 }
 
-} // namespace devtools
+} // namespace browsing

@@ -1,13 +1,13 @@
 // One window of the collection with its document.
 #pragma once
 
+#include "platform/browser/Browser_p.h"
 #include "platform/browser/ObjectModel.h"
-#include "platform/browser/devtools/Browser_p.h"
 
-namespace devtools
+namespace browsing
 {
 
 // Throws std::bad_alloc.
 CComPtr<IDispatch> MakeWindow(SeenPage page);
 
-} // namespace devtools
+} // namespace browsing

@@ -8,7 +8,7 @@
 #include <mutex>
 #include <utility>
 
-namespace devtools
+namespace browsing
 {
 
 // What lives on the thread.
@@ -65,4 +65,4 @@ void IoThread::Stop()
         m_thread.join();
 }
 
-} // namespace devtools
+} // namespace browsing

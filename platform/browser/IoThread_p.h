@@ -5,7 +5,7 @@
 #include <shared_mutex>
 #include <thread>
 
-namespace devtools
+namespace browsing
 {
 
 class IoThread
@@ -34,4 +34,4 @@ private:
     std::thread m_thread;
 };
 
-} // namespace devtools
+} // namespace browsing

@@ -10,7 +10,7 @@
 #include <mutex>
 #include <vector>
 
-namespace devtools
+namespace browsing
 {
 
 // Only what a browser surely holds as the server sent it is found: resources that are loaded to their end and handed
@@ -23,15 +23,6 @@ public:
     bool Find(const std::string& url, std::string& localFile, std::uint64_t& size) override;
 
 private:
-    // A frame that has loaded a resource. The loader changes with every document of the frame.
-    struct Holder
-    {
-        std::shared_ptr<Connection> browser;
-        QString session;
-        QString frame;
-        QString loader;
-        qint64 size = 0;
-    };
     struct Copy
     {
         QString loader;
@@ -40,16 +31,15 @@ private:
     };
 
     void Refresh();
-    void AddFrames(const PageResources& page, const QJsonObject& tree);
     const Copy* FindCopy(const QString& url);
-    const Copy* Fetch(const QString& url, const Holder& holder);
+    const Copy* Fetch(const LoadedResource& resource);
 
     const std::shared_ptr<BrowserList> m_browsers;
     std::mutex m_mutex; // of all below
     CopyFolder m_folder;
     std::map<QString, Copy> m_copies;
-    std::map<QString, std::vector<Holder>> m_holders;
+    std::map<QString, std::vector<LoadedResource>> m_holders;
     Clock::time_point m_refreshAt; // the epoch: never read
 };
 
-} // namespace devtools
+} // namespace browsing

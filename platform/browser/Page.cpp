@@ -1,6 +1,6 @@
 #include "platform/browser/Page_p.h"
 
-namespace devtools
+namespace browsing
 {
 namespace
 {
@@ -31,4 +31,4 @@ Reply Page::Answer()
     return reply;
 }
 
-} // namespace devtools
+} // namespace browsing

@@ -3,7 +3,7 @@
 
 #include "platform/browser/Connection_p.h"
 
-namespace devtools
+namespace browsing
 {
 
 // A page that sleeps or hangs lets every request wait. Its limit counts from the first request that it left without an
@@ -15,8 +15,6 @@ public:
     void Ask(Connection& browser, const Command& command, NextCommand next = nullptr);
     Reply Answer();
 
-    bool isEnabled = false; // Page.enable was sent
-
 private:
     bool IsSilent() const;
 
@@ -25,4 +23,4 @@ private:
     Clock::time_point m_since;
 };
 
-} // namespace devtools
+} // namespace browsing

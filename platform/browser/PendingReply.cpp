@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace devtools
+namespace browsing
 {
 namespace
 {
@@ -46,4 +46,4 @@ Reply PendingReply::Take(Deadline deadline)
     return std::exchange(m_reply, {});
 }
 
-} // namespace devtools
+} // namespace browsing

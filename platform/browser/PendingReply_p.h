@@ -9,7 +9,7 @@
 #include <condition_variable>
 #include <mutex>
 
-namespace devtools
+namespace browsing
 {
 
 using Clock = std::chrono::steady_clock;
@@ -38,4 +38,4 @@ private:
     Reply m_reply;
 };
 
-} // namespace devtools
+} // namespace browsing

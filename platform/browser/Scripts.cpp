@@ -1,10 +1,8 @@
 #include "platform/browser/Scripts_p.h"
 
-#include "platform/browser/Connection_p.h"
-
 #include <QUuid>
 
-namespace devtools
+namespace browsing
 {
 namespace
 {
@@ -47,17 +45,24 @@ QString OfMarkedDocument(const char* body)
 
 } // namespace
 
-QString LookScript(int context)
+QString LookScript()
 {
-    return Wrapped("globalThis.vantroyMark = '" + Mark() + "'; const context = " + QString::number(context) + ";", R"(
+    static const QString script = Wrapped("globalThis.vantroyMark = '" + Mark() + "';", R"(
         return {
             url: carry(get(Document, 'URL', document)),
             title: carry(get(Document, 'title', document)),
             html: document instanceof HTMLDocument
-                || get(Document, 'contentType', document) === 'application/xhtml+xml',
-            context
+                || get(Document, 'contentType', document) === 'application/xhtml+xml'
         };
     )");
+    return script;
+}
+
+void ReadLook(const QJsonObject& look, SeenPage& page)
+{
+    page.url = look.value("url").toString();
+    page.title = look.value("title").toString();
+    page.isHtml = look.value("html").toBool();
 }
 
 QString ImagesScript()
@@ -77,21 +82,4 @@ QString LinksScript()
     return script;
 }
 
-Command Evaluate(const QString& script, int context, const QString& session)
-{
-    return {"Runtime.evaluate",
-            {{"expression", script}, {"contextId", context}, {"returnByValue", true}, {"silent", true}},
-            session};
-}
-
-HRESULT TakeValue(const Reply& reply, QJsonValue& value)
-{
-    if (FAILED(reply.result))
-        return reply.result;
-    if (reply.value.contains("exceptionDetails"))
-        return E_FAIL;
-    value = reply.value.value("result").toObject().value("value");
-    return S_OK;
-}
-
-} // namespace devtools
+} // namespace browsing

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace devtools
+namespace browsing
 {
 namespace
 {
@@ -59,4 +59,4 @@ HRESULT MakeShellWindows(const std::shared_ptr<BrowserList>& browsers, CComPtr<I
     return result;
 }
 
-} // namespace devtools
+} // namespace browsing

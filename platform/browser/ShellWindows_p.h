@@ -6,10 +6,10 @@
 
 #include <memory>
 
-namespace devtools
+namespace browsing
 {
 
 // Fails if a browser that was named does not answer. Throws std::bad_alloc.
 HRESULT MakeShellWindows(const std::shared_ptr<BrowserList>& browsers, CComPtr<IUnknown>& object);
 
-} // namespace devtools
+} // namespace browsing

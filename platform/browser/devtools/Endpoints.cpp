@@ -6,16 +6,13 @@
 
 #include "platform/browser/devtools/PortQuery_p.h"
 
-#include <QHostAddress>
 #include <QUrl>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
-namespace devtools
+namespace browsing::devtools
 {
 namespace
 {
@@ -35,82 +32,18 @@ constexpr KnownFolder kFolders[] = {{"chromium", "Chromium"},
                                     {"vivaldi", "Vivaldi"},
                                     {"microsoft-edge", "Edge"}};
 
-std::string Environment(const char* name)
-{
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
-std::string Trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
-std::vector<Place> NamedPlaces(const std::string& list)
-{
-    std::vector<Place> places;
-    std::istringstream parts(list);
-    for (std::string part; std::getline(parts, part, ',');)
-    {
-        if (part = Trimmed(part); !part.empty())
-            places.push_back({part, true});
-    }
-    return places;
-}
-
 void AddKnownFolders(const fs::path& config, std::vector<Place>& places)
 {
     for (const auto& [folder, name] : kFolders)
         places.push_back({(config / folder).string(), false, name});
 }
 
-std::vector<Place> KnownPlaces()
-{
-    const fs::path home = Environment("HOME");
-    const fs::path config = Environment("XDG_CONFIG_HOME");
-    const fs::path data = Environment("XDG_DATA_HOME");
-    std::vector<Place> places;
-    // Where vantroy-browser has its browser.
-    const fs::path own = (data.is_absolute() ? data : home / ".local/share") / "vantroy/browser";
-    places.push_back({own.string(), false, "vantroy-browser"});
-    AddKnownFolders(config.is_absolute() ? config : home / ".config", places);
-    places.push_back({(home / "snap/chromium/common/chromium").string(), false, "Chromium"});
-    std::vector<fs::path> sandboxes;
-    std::error_code none;
-    for (const fs::directory_entry& sandbox : fs::directory_iterator(home / ".var/app", none))
-        sandboxes.push_back(sandbox.path());
-    std::ranges::sort(sandboxes);
-    for (const fs::path& sandbox : sandboxes)
-        AddKnownFolders(sandbox / "config", places);
-    return places;
-}
-
-// The address with its number in place of a name, so that no name is ever looked up; empty if it is not of this
-// machine.
-QString LoopbackHost(const QUrl& url)
-{
-    if (url.host() == "localhost")
-        return "127.0.0.1";
-    const QHostAddress address(url.host());
-    return address.isLoopback() ? url.host() : QString();
-}
-
-std::string Authority(const QString& host, int port)
-{
-    QUrl url;
-    url.setHost(host);
-    url.setPort(port);
-    return url.authority().toStdString();
-}
-
 HRESULT ResolveAddress(const std::string& text, Endpoint& endpoint)
 {
     const QUrl url(QString::fromStdString(text), QUrl::StrictMode);
-    const QString host = LoopbackHost(url);
-    if (host.isEmpty() || (url.scheme() != "http" && url.scheme() != "ws"))
+    const std::string authority = LoopbackAuthority(url);
+    if (authority.empty() || (url.scheme() != "http" && url.scheme() != "ws"))
         return E_INVALIDARG;
-    const std::string authority = Authority(host, url.port(80));
     std::string path = url.path(QUrl::FullyEncoded).toStdString();
     if (url.scheme() != "ws" || path.size() <= 1)
     {
@@ -148,7 +81,7 @@ HRESULT ResolveFolder(const std::string& text, Endpoint& endpoint)
     std::string path;
     if (!FindPort(text, port, path))
         return RPC_E_DISCONNECTED;
-    const std::string authority = Authority("127.0.0.1", port);
+    const std::string authority = LoopbackAuthority(port);
     const Version version = AskVersion(authority);
     if (FAILED(version.result))
         return version.result;
@@ -160,16 +93,21 @@ HRESULT ResolveFolder(const std::string& text, Endpoint& endpoint)
 
 } // namespace
 
-std::vector<Place> FindPlaces()
+std::vector<Place> KnownPlaces(const UserFolders& folders)
 {
-    const std::vector<Place> named = NamedPlaces(Environment("VANTROY_BROWSER"));
-    return named.empty() ? KnownPlaces() : named;
+    std::vector<Place> places;
+    // Where vantroy-browser has its browser.
+    places.push_back({(folders.data / "vantroy/browser").string(), false, "vantroy-browser"});
+    AddKnownFolders(folders.config, places);
+    places.push_back({(folders.home / "snap/chromium/common/chromium").string(), false, "Chromium"});
+    for (const fs::path& sandbox : FoldersIn(folders.home / ".var/app"))
+        AddKnownFolders(sandbox / "config", places);
+    return places;
 }
 
 HRESULT Resolve(const Place& place, Endpoint& endpoint)
 {
-    const bool isAddress = place.text.find("://") != std::string::npos;
-    return isAddress ? ResolveAddress(place.text, endpoint) : ResolveFolder(place.text, endpoint);
+    return IsAddress(place) ? ResolveAddress(place.text, endpoint) : ResolveFolder(place.text, endpoint);
 }
 
 bool HasPortFile(const std::string& folder)
@@ -179,4 +117,4 @@ bool HasPortFile(const std::string& folder)
     return FindPort(folder, port, path);
 }
 
-} // namespace devtools
+} // namespace browsing::devtools

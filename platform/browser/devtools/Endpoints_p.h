@@ -1,27 +1,16 @@
-// Where browsers may be waiting, and whether one is.
+// Where browsers of this protocol may be waiting, and whether one is.
 #pragma once
 
-#include "platform/browser/PendingReply_p.h"
+#include "platform/browser/Places_p.h"
 
 #include <string>
 #include <vector>
 
-namespace devtools
+namespace browsing::devtools
 {
 
-// "http://127.0.0.1:9222", "ws://127.0.0.1:9222/devtools/browser/…", or a folder.
-struct Place
-{
-    std::string text;
-    bool named = false;    // by VANTROY_BROWSER: its browser has to answer
-    std::string name = {}; // of the browser, for a data folder that nobody named
-
-    bool operator==(const Place&) const = default;
-};
-
-// The places of VANTROY_BROWSER, or else the data folders of all browsers known, whether or not they stand. Reads the
-// environment and the disk.
-std::vector<Place> FindPlaces();
+// The data folders of all browsers known, whether or not they stand.
+std::vector<Place> KnownPlaces(const UserFolders& folders);
 
 struct Endpoint
 {
@@ -35,4 +24,4 @@ HRESULT Resolve(const Place& place, Endpoint& endpoint);
 // Whether a browser has told of a port in the data folder, be it open still or not.
 bool HasPortFile(const std::string& folder);
 
-} // namespace devtools
+} // namespace browsing::devtools

@@ -12,7 +12,7 @@
 #include <fstream>
 #include <iterator>
 
-namespace devtools
+namespace browsing::devtools
 {
 namespace
 {
@@ -61,4 +61,4 @@ bool IsDebuggingForbidden(const std::string& browser)
     return false;
 }
 
-} // namespace devtools
+} // namespace browsing::devtools

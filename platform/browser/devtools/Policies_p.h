@@ -3,11 +3,11 @@
 
 #include <string>
 
-namespace devtools
+namespace browsing::devtools
 {
 
 // Whether a policy of the machine switches the debugging port of a browser off ("Chromium", "Chrome", "Brave", "Edge",
 // "Vivaldi"). VANTROY_POLICY_ROOT stands for "/" in tests.
 bool IsDebuggingForbidden(const std::string& browser);
 
-} // namespace devtools
+} // namespace browsing::devtools

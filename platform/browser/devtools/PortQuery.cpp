@@ -15,7 +15,7 @@
 #include <curl/curl.h>
 #include <memory>
 
-namespace devtools
+namespace browsing::devtools
 {
 namespace
 {
@@ -102,4 +102,4 @@ int CountPages(const std::string& authority)
         targets, [](const QJsonValue& target) { return target.toObject().value("type").toString() == "page"; }));
 }
 
-} // namespace devtools
+} // namespace browsing::devtools

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace devtools
+namespace browsing::devtools
 {
 
 struct Version
@@ -20,4 +20,4 @@ Version AskVersion(const std::string& authority);
 // GET http://AUTHORITY/json/list, in the same way. The number of pages; 0 without an answer.
 int CountPages(const std::string& authority);
 
-} // namespace devtools
+} // namespace browsing::devtools

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace devtools
+namespace browsing::devtools
 {
 namespace
 {
@@ -136,4 +136,4 @@ HRESULT ListPages(Connection& browser, Deadline deadline, std::vector<Attached>&
     return S_OK;
 }
 
-} // namespace devtools
+} // namespace browsing::devtools

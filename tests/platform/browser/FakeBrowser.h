@@ -49,7 +49,7 @@ private:
     const Behaviour m_behaviour;
     const int m_versionStatus;
     int m_port = 0;
-    devtools::IoThread m_thread;
+    browsing::IoThread m_thread;
     std::unique_ptr<Server> m_server; // of the thread
     mutable std::mutex m_mutex;
     std::vector<std::string> m_heads;

@@ -1,0 +1,97 @@
+#include "platform/browser/Places_p.h"
+
+#include "platform/browser/Protocols_p.h"
+
+#include <QHostAddress>
+#include <QUrl>
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+namespace browsing
+{
+namespace
+{
+
+namespace fs = std::filesystem;
+
+std::string Environment(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+std::string Trimmed(const std::string& text)
+{
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+std::vector<Place> NamedPlaces(const std::string& list)
+{
+    std::vector<Place> places;
+    std::istringstream parts(list);
+    for (std::string part; std::getline(parts, part, ',');)
+    {
+        if (part = Trimmed(part); !part.empty())
+            places.push_back({part, true});
+    }
+    return places;
+}
+
+std::string Authority(const QString& host, int port)
+{
+    QUrl url;
+    url.setHost(host);
+    url.setPort(port);
+    return url.authority().toStdString();
+}
+
+} // namespace
+
+std::vector<Place> FindPlaces()
+{
+    const std::vector<Place> named = NamedPlaces(Environment("VANTROY_BROWSER"));
+    return named.empty() ? KnownPlaces(FindUserFolders()) : named;
+}
+
+bool IsAddress(const Place& place)
+{
+    return place.text.find("://") != std::string::npos;
+}
+
+UserFolders FindUserFolders()
+{
+    const fs::path home = Environment("HOME");
+    const fs::path config = Environment("XDG_CONFIG_HOME");
+    const fs::path data = Environment("XDG_DATA_HOME");
+    return {home, config.is_absolute() ? config : home / ".config", data.is_absolute() ? data : home / ".local/share"};
+}
+
+std::vector<fs::path> FoldersIn(const fs::path& folder)
+{
+    std::vector<fs::path> folders;
+    std::error_code none;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, none))
+    {
+        if (entry.is_directory(none))
+            folders.push_back(entry.path());
+    }
+    std::ranges::sort(folders);
+    return folders;
+}
+
+std::string LoopbackAuthority(const QUrl& url)
+{
+    if (url.host() == "localhost")
+        return Authority("127.0.0.1", url.port(80));
+    return QHostAddress(url.host()).isLoopback() ? Authority(url.host(), url.port(80)) : std::string();
+}
+
+std::string LoopbackAuthority(int port)
+{
+    return Authority("127.0.0.1", port);
+}
+
+} // namespace browsing

@@ -1,0 +1,34 @@
+#include "platform/browser/devtools/State_p.h"
+
+#include "platform/browser/devtools/Endpoints_p.h"
+#include "platform/browser/devtools/Policies_p.h"
+#include "platform/browser/devtools/PortQuery_p.h"
+
+namespace browsing::devtools
+{
+namespace
+{
+
+BrowserState StateWithoutAnswer(const Place& place)
+{
+    if (!IsAddress(place) && HasPortFile(place.text))
+        return BrowserState::Stale;
+    return IsDebuggingForbidden(place.name) ? BrowserState::Refused : BrowserState::NotEnabled;
+}
+
+} // namespace
+
+void Inquire(const Place& place, BrowserReport& report)
+{
+    Endpoint endpoint;
+    if (FAILED(Resolve(place, endpoint)))
+    {
+        report.state = StateWithoutAnswer(place);
+        return;
+    }
+    report.state = endpoint.asksUser ? BrowserState::AsksUser : BrowserState::Open;
+    if (!endpoint.asksUser)
+        report.pages = CountPages(endpoint.authority);
+}
+
+} // namespace browsing::devtools
