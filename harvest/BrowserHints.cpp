@@ -20,6 +20,8 @@ std::string DescribeState(const BrowserReport& report)
         return AfxLoadString(IDS_BROWSER_ASKS);
     case BrowserState::Stale:
         return AfxLoadString(IDS_BROWSER_STALE);
+    case BrowserState::Taken:
+        return AfxLoadString(IDS_BROWSER_TAKEN);
     case BrowserState::Refused:
         return AfxLoadString(IDS_BROWSER_REFUSED);
     case BrowserState::NotEnabled:
@@ -52,5 +54,7 @@ std::string EmptyListHint(const std::vector<BrowserReport>& reports)
     };
     if (has(BrowserState::Open))
         return AfxLoadString(IDS_HINT_NO_PAGE);
-    return AfxLoadString(has(BrowserState::AsksUser) ? IDS_HINT_ASKS : IDS_HINT_START);
+    if (has(BrowserState::AsksUser))
+        return AfxLoadString(IDS_HINT_ASKS);
+    return AfxLoadString(has(BrowserState::Taken) ? IDS_HINT_TAKEN : IDS_HINT_START);
 }

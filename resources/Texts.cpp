@@ -41,9 +41,9 @@ std::span<const TextEntry> TextResources()
         {IDS_BUTTON_ADDED, "Program shortcut icon has been added to browser's toolbar.\n"
                            "You need to restart browser to make it work."},
         {IDS_BUTTON_REMOVED, "Program shortcut icon has been removed.\nYou need to restart browser to make it work."},
-        {IDS_NO_BROWSER,
-         "No browser of the Chromium family has been used here yet. Start one with vantroy-browser; install one "
-         "before, Chromium for instance, if there is none."},
+        {IDS_NO_BROWSER, "No browser that Vantroy can reach has been used here yet. Start one with vantroy-browser; "
+                         "install one before, "
+                         "Chromium or Firefox for instance, if there is none."},
         {IDS_BROWSER_OPEN, "open; pages: %d"},
         {IDS_BROWSER_ASKS, "asks you about each program: allow the connection when Vantroy looks for pages."},
         {IDS_BROWSER_STALE,
@@ -51,8 +51,13 @@ std::span<const TextEntry> TextResources()
         {IDS_BROWSER_NOT_ENABLED,
          "cannot be reached: start it with --remote-debugging-port=0, or use vantroy-browser."},
         {IDS_BROWSER_REFUSED, "may not be reached, by a policy of this machine: ask its administrator."},
+        {IDS_BROWSER_TAKEN,
+         "is held by another program, and lets one in at a time: end that program, or close the browser "
+         "and start it again."},
         {IDS_HINT_NO_PAGE, "The browser has no page open."},
         {IDS_HINT_ASKS, "The browser asks you about each program. Press Refresh List and allow the connection."},
+        {IDS_HINT_TAKEN, "The browser is held by another program. End that one, or start the browser again, and press "
+                         "Refresh List."},
         {IDS_HINT_START, "No browser can be reached. Start one with vantroy-browser, and press Refresh List.\n"
                          "vantroy --browsers tells more."},
         {IDS_HISTORY_WINDOW, "Download History"},

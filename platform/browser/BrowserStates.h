@@ -10,6 +10,7 @@ enum class BrowserState
     AsksUser,   // it answers, and asks its user before it lets a program in
     Stale,      // it was open, and has gone
     NotEnabled, // it does not listen, or was never there
+    Taken,      // it answers, and another program has the one session that it gives
     Refused,    // it does not listen, and a policy of the machine forbids it to
 };
 

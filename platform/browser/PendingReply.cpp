@@ -46,4 +46,10 @@ Reply PendingReply::Take(Deadline deadline)
     return std::exchange(m_reply, {});
 }
 
+void PendingReply::Wait(Deadline deadline)
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait_until(lock, deadline, [this] { return m_finished; });
+}
+
 } // namespace browsing

@@ -30,6 +30,8 @@ public:
     // Waits for the reply and takes it: RPC_E_TIMEOUT at the deadline, E_ABORT once the blocking calls of the calling
     // thread are cancelled; the reply may then still come, unseen.
     Reply Take(Deadline deadline);
+    // Waits for the reply whether or not the calls of the thread are cancelled, and leaves it there.
+    void Wait(Deadline deadline);
 
 private:
     mutable std::mutex m_mutex;

@@ -35,7 +35,7 @@ std::vector<Place> NamedPlaces(const std::string& list)
     for (std::string part; std::getline(parts, part, ',');)
     {
         if (part = Trimmed(part); !part.empty())
-            places.push_back({part, true});
+            places.push_back({part, true, {}, ProtocolOf(part)});
     }
     return places;
 }
@@ -56,9 +56,9 @@ std::vector<Place> FindPlaces()
     return named.empty() ? KnownPlaces(FindUserFolders()) : named;
 }
 
-bool IsAddress(const Place& place)
+bool IsAddress(const std::string& place)
 {
-    return place.text.find("://") != std::string::npos;
+    return place.find("://") != std::string::npos;
 }
 
 UserFolders FindUserFolders()

@@ -12,12 +12,19 @@ class QUrl;
 namespace browsing
 {
 
-// "http://127.0.0.1:9222", "ws://127.0.0.1:9222/devtools/browser/…", or a folder.
+enum class Protocol
+{
+    DevTools,
+    BiDi,
+};
+
+// "http://127.0.0.1:9222", "ws://127.0.0.1:9222/devtools/browser/…", "ws://127.0.0.1:9222/session", or a folder.
 struct Place
 {
     std::string text;
     bool named = false;    // by VANTROY_BROWSER: its browser has to answer
     std::string name = {}; // of the browser, for a data folder that nobody named
+    Protocol protocol = Protocol::DevTools;
 
     bool operator==(const Place&) const = default;
 };
@@ -26,7 +33,7 @@ struct Place
 // environment and the disk.
 std::vector<Place> FindPlaces();
 
-bool IsAddress(const Place& place);
+bool IsAddress(const std::string& place);
 
 // The folders that the desktop gives a user's programs, from the environment.
 struct UserFolders

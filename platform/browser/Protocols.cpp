@@ -1,5 +1,8 @@
 #include "platform/browser/Protocols_p.h"
 
+#include "platform/browser/IoThread_p.h"
+#include "platform/browser/bidi/Browser_p.h"
+#include "platform/browser/bidi/Endpoints_p.h"
 #include "platform/browser/devtools/Browser_p.h"
 #include "platform/browser/devtools/Endpoints_p.h"
 #include "platform/browser/devtools/State_p.h"
@@ -9,17 +12,30 @@ namespace browsing
 
 std::vector<Place> KnownPlaces(const UserFolders& folders)
 {
-    return devtools::KnownPlaces(folders);
+    std::vector<Place> places = devtools::KnownPlaces(folders);
+    const std::vector<Place> others = bidi::KnownPlaces(folders);
+    places.insert(places.end(), others.begin(), others.end());
+    return places;
+}
+
+Protocol ProtocolOf(const std::string& place)
+{
+    return bidi::IsPlace(place) ? Protocol::BiDi : Protocol::DevTools;
 }
 
 std::shared_ptr<Browser> MakeBrowser(const Place& place, const std::shared_ptr<IoThread>& io)
 {
+    if (place.protocol == Protocol::BiDi)
+        return std::make_shared<bidi::Browser>(place, io);
     return std::make_shared<devtools::Browser>(place, io);
 }
 
 void Inquire(const Place& place, BrowserReport& report)
 {
-    devtools::Inquire(place, report);
+    if (place.protocol == Protocol::BiDi)
+        bidi::Browser(place, std::make_shared<IoThread>()).Inquire(report);
+    else
+        devtools::Inquire(place, report);
 }
 
 } // namespace browsing

@@ -11,6 +11,8 @@ namespace browsing
 {
 
 std::vector<Place> KnownPlaces(const UserFolders& folders);
+// The one spoken at a place that was named.
+Protocol ProtocolOf(const std::string& place);
 std::shared_ptr<Browser> MakeBrowser(const Place& place, const std::shared_ptr<IoThread>& io);
 // The state and the pages of the browser at a place.
 void Inquire(const Place& place, BrowserReport& report);

@@ -1,26 +1,17 @@
 #include "platform/testing/RealBrowser.h"
 
-#include <csignal>
-#include <cstdlib>
 #include <curl/curl.h>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <spawn.h>
 #include <stdexcept>
-#include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 #include <vector>
-
-extern char** environ;
 
 namespace
 {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 
 std::vector<std::string> Arguments(const std::string& folder, const std::string& url)
 {
@@ -39,29 +30,6 @@ std::vector<std::string> Arguments(const std::string& folder, const std::string&
         arguments.emplace_back("--no-sandbox");
     arguments.push_back(url);
     return arguments;
-}
-
-// In a process group of its own, so that Kill reaches all its processes and no others.
-pid_t Spawn(std::vector<std::string> arguments)
-{
-    std::vector<char*> argv;
-    for (std::string& argument : arguments)
-        argv.push_back(argument.data());
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    for (const int output : {STDOUT_FILENO, STDERR_FILENO})
-        posix_spawn_file_actions_addopen(&files, output, "/dev/null", O_WRONLY, 0);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
-    pid_t process = 0;
-    const int error = posix_spawnp(&process, argv[0], &files, &attributes, argv.data(), environ);
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&files);
-    if (error != 0)
-        throw std::runtime_error("chromium cannot be started");
-    return process;
 }
 
 std::size_t Append(char* data, std::size_t size, std::size_t count, void* body)
@@ -98,58 +66,18 @@ std::string Escaped(const std::string& url)
 
 RealBrowser::RealBrowser(const std::string& url)
 {
-    std::string folder = (fs::temp_directory_path() / "vantroy-browser-XXXXXX").string();
-    if (mkdtemp(folder.data()) == nullptr)
-        throw std::runtime_error("no folder for the browser");
-    m_folder = folder;
-    try
-    {
-        Start(url);
-    }
-    catch (const std::runtime_error&)
-    {
-        Remove();
-        throw;
-    }
-}
-
-RealBrowser::~RealBrowser()
-{
-    Remove();
-}
-
-void RealBrowser::Remove()
-{
-    Kill();
-    std::error_code ignored;
-    fs::remove_all(m_folder, ignored);
+    Start(url);
 }
 
 void RealBrowser::Start(const std::string& url)
 {
-    const fs::path portFile = fs::path(m_folder) / "DevToolsActivePort";
+    const fs::path portFile = fs::path(DataFolder()) / "DevToolsActivePort";
     fs::remove(portFile);
-    m_process = Spawn(Arguments(m_folder, url));
-    const auto deadline = std::chrono::steady_clock::now() + 30s;
-    std::string path;
-    for (;;)
-    {
+    m_process.Start(Arguments(DataFolder(), url), [&] {
+        std::string path;
         std::ifstream file(portFile);
-        if (file >> m_port >> path)
-            return;
-        if (std::chrono::steady_clock::now() > deadline || waitpid(m_process, nullptr, WNOHANG) != 0)
-            throw std::runtime_error("chromium does not come up");
-        std::this_thread::sleep_for(10ms);
-    }
-}
-
-void RealBrowser::Kill()
-{
-    if (m_process <= 0)
-        return;
-    kill(-m_process, SIGKILL);
-    waitpid(m_process, nullptr, 0);
-    m_process = 0;
+        return static_cast<bool>(file >> m_port >> path);
+    });
 }
 
 std::string RealBrowser::Endpoint() const

@@ -2,23 +2,20 @@
 #pragma once
 
 #include "platform/Types.h"
+#include "platform/testing/BrowserProcess.h"
 
 #include <string>
-#include <sys/types.h>
 
 class RealBrowser
 {
 public:
     // Starts it with one page open. Throws std::runtime_error if there is no Chromium or it does not come up in 30 s.
     explicit RealBrowser(const std::string& url = "about:blank");
-    ~RealBrowser();
-    RealBrowser(const RealBrowser&) = delete;
-    RealBrowser& operator=(const RealBrowser&) = delete;
 
     // Any of the two names the browser in VANTROY_BROWSER.
     const std::string& DataFolder() const
     {
-        return m_folder;
+        return m_process.Folder();
     }
     std::string Endpoint() const; // "http://127.0.0.1:PORT"
 
@@ -26,14 +23,14 @@ public:
     std::string OpenPage(const std::string& url);
     void ClosePage(const std::string& target);
     // Ends it as a crash would, and waits for its end. The data folder stays.
-    void Kill();
+    void Kill()
+    {
+        m_process.Kill();
+    }
     // Starts it again on the same data folder.
     void Start(const std::string& url = "about:blank");
 
 private:
-    void Remove();
-
-    std::string m_folder;
+    BrowserProcess m_process;
     UINT m_port = 0;
-    pid_t m_process = 0;
 };

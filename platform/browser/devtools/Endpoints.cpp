@@ -107,7 +107,7 @@ std::vector<Place> KnownPlaces(const UserFolders& folders)
 
 HRESULT Resolve(const Place& place, Endpoint& endpoint)
 {
-    return IsAddress(place) ? ResolveAddress(place.text, endpoint) : ResolveFolder(place.text, endpoint);
+    return IsAddress(place.text) ? ResolveAddress(place.text, endpoint) : ResolveFolder(place.text, endpoint);
 }
 
 bool HasPortFile(const std::string& folder)

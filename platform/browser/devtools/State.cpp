@@ -11,7 +11,7 @@ namespace
 
 BrowserState StateWithoutAnswer(const Place& place)
 {
-    if (!IsAddress(place) && HasPortFile(place.text))
+    if (!IsAddress(place.text) && HasPortFile(place.text))
         return BrowserState::Stale;
     return IsDebuggingForbidden(place.name) ? BrowserState::Refused : BrowserState::NotEnabled;
 }
