@@ -1,11 +1,9 @@
 #include "platform/browser/Connection_p.h"
 
 #include "platform/browser/IoThread_p.h"
+#include "platform/browser/Socket_p.h"
 
 #include <QJsonDocument>
-#include <QNetworkProxy>
-#include <QUrl>
-#include <QWebSocket>
 
 #include <new>
 #include <utility>
@@ -14,10 +12,6 @@ namespace browsing
 {
 namespace
 {
-
-// A resource travels as base64 in one message; see the limit of its size in devtools/Resources.cpp. A message above
-// this ends the connection.
-constexpr quint64 kLargestMessage = 512U << 20;
 
 QByteArray Encode(int id, const Command& command)
 {
@@ -73,28 +67,23 @@ Reply Connection::Call(const Command& command, Deadline deadline)
     return Send(command)->Take(deadline);
 }
 
-// No Origin header: with one the browser takes us for a page and refuses. No proxy: the address is this machine's.
 void Connection::MakeSocket(const std::string& url)
 {
-    m_socket = std::make_unique<QWebSocket>(QString());
-    m_socket->setProxy(QNetworkProxy::NoProxy);
-    m_socket->setMaxAllowedIncomingFrameSize(kLargestMessage);
-    m_socket->setMaxAllowedIncomingMessageSize(kLargestMessage);
-    QObject::connect(m_socket.get(), &QWebSocket::connected, m_socket.get(), [this] { OnOpen(); });
-    QObject::connect(m_socket.get(), &QWebSocket::disconnected, m_socket.get(), [this] { Lose(); });
-    QObject::connect(m_socket.get(), qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), m_socket.get(),
-                     [this] { Lose(); });
-    QObject::connect(m_socket.get(), &QWebSocket::textMessageReceived, m_socket.get(), [this](const QString& message) {
-        try
-        {
-            Receive(message);
-        }
-        catch (const std::bad_alloc&)
-        {
-            Lose();
-        }
-    });
-    m_socket->open(QUrl(QString::fromStdString(url)));
+    const auto received = [this](const QString& message) { OnMessage(message); };
+    m_socket = std::make_unique<Socket>(SocketEvents{[this] { OnOpen(); }, received, [this] { Lose(); }});
+    m_socket->Open(url);
+}
+
+void Connection::OnMessage(const QString& message)
+{
+    try
+    {
+        Receive(message);
+    }
+    catch (const std::bad_alloc&)
+    {
+        Lose();
+    }
 }
 
 void Connection::OnOpen()
@@ -109,7 +98,7 @@ void Connection::OnOpen()
 void Connection::Transmit(const QByteArray& message)
 {
     if (m_socket)
-        m_socket->sendTextMessage(QString::fromUtf8(message));
+        m_socket->Send(message);
 }
 
 // Notes a request and gives its message; empty if it has failed already.

@@ -13,12 +13,11 @@
 #include <mutex>
 #include <string>
 
-class QWebSocket;
-
 namespace browsing
 {
 
 class IoThread;
+class Socket;
 
 // A request: {"id": 1, "method": "Page.enable", "params": {}, "sessionId": "…"}. An empty session is left out.
 struct Command
@@ -69,6 +68,7 @@ private:
 
     void MakeSocket(const std::string& url);
     void OnOpen();
+    void OnMessage(const QString& message);
     void Transmit(const QByteArray& message);
     QByteArray Enter(const Command& command, Request request);
     void Receive(const QString& message);
@@ -76,7 +76,7 @@ private:
     void Lose();
 
     const std::shared_ptr<IoThread> m_io;
-    std::unique_ptr<QWebSocket> m_socket; // of the I/O thread alone
+    std::unique_ptr<Socket> m_socket; // of the I/O thread alone
     std::shared_ptr<PendingReply> m_opening = std::make_shared<PendingReply>();
 
     mutable std::mutex m_mutex; // of all below
