@@ -31,6 +31,7 @@ struct FakeBrowser::Server
     QTcpServer tcp;
     QWebSocketServer sockets{"fake", QWebSocketServer::NonSecureMode};
     std::vector<std::unique_ptr<QWebSocket>> clients;
+    QTcpSocket* line = nullptr; // of the last client
 };
 
 FakeBrowser::FakeBrowser(std::vector<std::string> titles, Behaviour behaviour, int versionStatus)
@@ -56,9 +57,21 @@ void FakeBrowser::Die()
     m_thread.Call([this] { m_server.reset(); });
 }
 
+void FakeBrowser::BreakOff()
+{
+    const QByteArray head("\x81\x7F\0\0\0\0\x0C\0\0\0", 10);
+    m_server->line->write(head + QByteArray(1 << 20, '['));
+    m_server->line->disconnectFromHost();
+}
+
 std::string FakeBrowser::Endpoint() const
 {
     return "ws://127.0.0.1:" + std::to_string(m_port) + kPath;
+}
+
+std::string FakeBrowser::BidiEndpoint() const
+{
+    return "ws://127.0.0.1:" + std::to_string(m_port) + "/session";
 }
 
 std::vector<std::string> FakeBrowser::Heads() const
@@ -84,6 +97,7 @@ void FakeBrowser::OnHead()
             m_heads.push_back(head.toStdString());
         }
         socket->disconnect();
+        m_server->line = socket;
         if (!head.startsWith("GET /json/version"))
             return m_server->sockets.handleConnection(socket);
         const QByteArray body = TextOf({{"webSocketDebuggerUrl", QString::fromStdString(Endpoint())}}).toUtf8();
@@ -101,11 +115,11 @@ void FakeBrowser::OnConnection()
         const Send send = [client](const QString& reply) { client->sendTextMessage(reply); };
         const QJsonObject request = QJsonDocument::fromJson(text.toUtf8()).object();
         if (!m_behaviour || !m_behaviour(request, send))
-            OnRequest(request, send);
+            Answer(request, send);
     });
 }
 
-void FakeBrowser::OnRequest(const QJsonObject& request, const Send& send) const
+void FakeBrowser::Answer(const QJsonObject& request, const Send& send) const
 {
     const QString method = request.value("method").toString();
     const QString session = request.value("sessionId").toString();
@@ -123,12 +137,33 @@ void FakeBrowser::OnRequest(const QJsonObject& request, const Send& send) const
     else if (method == "Page.createIsolatedWorld")
         result = {{"executionContextId", 7}};
     else if (method == "Runtime.evaluate")
-    {
-        const QString title = QString::fromStdString(m_titles.at(session.mid(6).toUInt()));
-        const QJsonObject look{{"url", "http://x/" + title}, {"title", title}, {"html", true}, {"context", 7}};
-        result = {{"result", QJsonObject{{"value", look}}}};
-    }
+        result = {{"result", QJsonObject{{"value", Look(session.mid(6).toUInt())}}}};
+    else if (method == "browsingContext.getTree")
+        result = Contexts();
+    else if (method == "script.evaluate")
+        result = Evaluated(request.value("params").toObject().value("target").toObject());
     send(Reply(request, result));
+}
+
+QJsonObject FakeBrowser::Look(uint page) const
+{
+    const QString title = QString::fromStdString(m_titles.at(page));
+    return {{"url", "http://x/" + title}, {"title", title}, {"html", true}, {"context", 7}};
+}
+
+QJsonObject FakeBrowser::Contexts() const
+{
+    QJsonArray contexts;
+    for (int i = 0; i < static_cast<int>(m_titles.size()); ++i)
+        contexts.append(QJsonObject{{"context", "page" + QString::number(i)}});
+    return {{"contexts", contexts}};
+}
+
+QJsonObject FakeBrowser::Evaluated(const QJsonObject& target) const
+{
+    const QString context = target.value("context").toString();
+    const QJsonObject value{{"type", "string"}, {"value", TextOf(Look(context.mid(4).toUInt()))}};
+    return {{"type", "success"}, {"realm", "r-" + context}, {"result", value}};
 }
 
 // The list of targets is not in the order of the tab strip; a tab is known from its page by title and address.

@@ -1,4 +1,4 @@
-// A DevTools server with a few pages, which can misbehave.
+// A server of both protocols with a few pages, which can misbehave.
 #pragma once
 
 #include "platform/browser/IoThread_p.h"
@@ -29,12 +29,17 @@ public:
     {
         return m_port;
     }
-    std::string Endpoint() const; // "ws://127.0.0.1:PORT/devtools/browser/fake"
+    std::string Endpoint() const;     // "ws://127.0.0.1:PORT/devtools/browser/fake"
+    std::string BidiEndpoint() const; // "ws://127.0.0.1:PORT/session"
     // Closes all connections and listens no more.
     void Die();
+    // Goes in the middle of a message of 200 MB. On the server's thread.
+    void BreakOff();
     // Heads of all requests so far.
     std::vector<std::string> Heads() const;
 
+    // Deals with a request as it should.
+    void Answer(const QJsonObject& request, const Send& send) const;
     static QString Reply(const QJsonObject& request, const QJsonObject& result);
 
 private:
@@ -42,8 +47,10 @@ private:
 
     void OnConnection();
     void OnHead();
-    void OnRequest(const QJsonObject& request, const Send& send) const;
     QJsonObject Targets() const;
+    QJsonObject Contexts() const;
+    QJsonObject Look(uint page) const;
+    QJsonObject Evaluated(const QJsonObject& target) const;
 
     const std::vector<std::string> m_titles;
     const Behaviour m_behaviour;
