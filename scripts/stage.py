@@ -117,7 +117,24 @@ def browser_reachable():
     parents = [pathlib.Path(os.environ.get('XDG_CONFIG_HOME') or home / '.config'), *home.glob('.var/app/*/config')]
     folders = [parent / name for parent in parents for name in KNOWN_BROWSERS] + [home / 'snap/chromium/common/chromium']
     ports = filter(None, map(active_port, folders))
-    return any(map(answers, ports))
+    return any(map(answers, ports)) or any(map(listens, firefox_ports(home)))
+
+
+def firefox_ports(home):
+    """The ports that the profiles of Firefox tell of, be it open still or not."""
+    data = pathlib.Path(os.environ.get('XDG_DATA_HOME') or home / '.local/share')
+    roots = [data / 'vantroy', *(home / root / '.mozilla/firefox'
+                                 for root in ('', 'snap/firefox/common', '.var/app/org.mozilla.firefox'))]
+    for file in (file for root in roots for file in root.glob('*/WebDriverBiDiServer.json')):
+        with contextlib.suppress(OSError, ValueError, KeyError, TypeError):
+            yield int(json.loads(file.read_text())['ws_port'])
+
+
+def listens(port):
+    with contextlib.suppress(OSError, OverflowError):
+        socket.create_connection(('127.0.0.1', port), timeout=3).close()
+        return True
+    return False
 
 
 def evaluate(socket_url, expression):
@@ -174,6 +191,30 @@ class Browser(contextlib.AbstractContextManager):
                 request = urllib.request.Request(f'{self.endpoint}/json/new?{page}', method='PUT')
                 urllib.request.urlopen(request, timeout=10).close()
             wait_for(lambda: loaded(self.port, pages), 'the pages to load', 60)
+            self._stack = self._stack.pop_all()
+
+    def __exit__(self, *_):
+        self._stack.close()
+
+
+class Firefox(contextlib.AbstractContextManager):
+    """A headless Firefox, as vantroy-browser starts it for a home of its own, on the given pages."""
+
+    def __init__(self, pages):
+        self._stack = contextlib.ExitStack()
+        with self._stack:
+            home = self._stack.enter_context(tempfile.TemporaryDirectory(
+                prefix='vantroy-demo-firefox-', ignore_cleanup_errors=True))
+            self.folder = f'{home}/vantroy/firefox'
+            environment = os.environ | {'HOME': home, 'XDG_DATA_HOME': home, 'MOZ_HEADLESS': '1'}
+            browser = self._stack.enter_context(process(
+                [ROOT / 'scripts/vantroy-browser', '--firefox', *pages], env=environment, stdout=subprocess.DEVNULL,
+                stderr=subprocess.DEVNULL))
+            server = pathlib.Path(self.folder, 'WebDriverBiDiServer.json')
+            wait_for(lambda: browser.poll() is not None or server.exists() and server.read_text().endswith('}'),
+                     'Firefox to start')
+            if browser.poll() is not None:
+                raise StageError(f'Firefox left at once with status {browser.returncode}')
             self._stack = self._stack.pop_all()
 
     def __exit__(self, *_):

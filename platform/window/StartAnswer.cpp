@@ -7,6 +7,8 @@
 #include "platform/window/Resource.h"
 #include "platform/window/WinApp.h"
 
+#include <QCoreApplication>
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,6 +19,13 @@ int Print(const std::string& text)
 {
     std::fputs(text.c_str(), stdout);
     return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+// The answer may ask browsers, whose connections need the toolkit's object.
+std::optional<std::string> AskProgram(int argc, char** argv, std::string_view option)
+{
+    const QCoreApplication toolkit(argc, argv);
+    return AfxGetApp() ? AfxGetApp()->AnswerOption(option) : std::nullopt;
 }
 
 } // namespace
@@ -33,7 +42,7 @@ std::optional<int> AnswerStartOption(int argc, char** argv)
     case StartOption::Version:
         return Print(ApplicationName() + " " + Utf8ToAnsi(resources.version) + "\n");
     case StartOption::Unknown:
-        if (const auto answer = AfxGetApp() ? AfxGetApp()->AnswerOption(request.argument) : std::nullopt)
+        if (const auto answer = AskProgram(argc, argv, request.argument))
             return Print(*answer);
         PrintError("unknown option " + std::string(request.argument) + "; see --help");
         return kWrongUse;

@@ -1,5 +1,6 @@
 """The modes that ask nothing, without a display, as a script or a timer starts them."""
 import os
+import pathlib
 import signal
 import subprocess
 import unittest
@@ -39,6 +40,20 @@ class TwoBrowsers(BatchTest):
         self.assertEqual(f'{self.browser.folder}\n    open; pages: 1\n{second.folder}\n    open; pages: 2\n', states)
         self.run_program('--all')
         self.assert_same_files(SAVED, self.saved())
+
+
+class FirefoxBesideChromium(BatchTest):
+    shown = slice(1, None)
+
+    def test_the_pages_of_both_are_one_run(self):
+        firefox = self.enterContext(stage.Firefox(self.server.pages[:1]))
+        self.assertEqual(0o700, pathlib.Path(firefox.folder).stat().st_mode & 0o777)
+        self.environment['VANTROY_BROWSER'] = f'{firefox.folder},{self.browser.folder}'
+        stage.wait_for(lambda: '/coast/cover.jpg' in self.log.read_text(), 'the page in Firefox', 60)
+        self.run_program('--all')
+        self.assert_same_files(SAVED, self.saved())
+        states = self.run_program('--browsers').stdout
+        self.assertEqual(f'{firefox.folder}\n    open; pages: 1\n{self.browser.folder}\n    open; pages: 2\n', states)
 
 
 class BatchModes(BatchTest):
