@@ -13,7 +13,7 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, chromium, xdg-utils")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, chromium | firefox-esr, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SECTION web)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "batch downloader for the media of open web pages")
@@ -24,6 +24,6 @@ by one. What the browser has already loaded is taken from it and not asked for
 again; the rest is fetched over HTTP. Filters by size, kind and resolution say
 what is wanted, and a history tells what came from where.
 .
-It works with browsers of the Chromium family, in a window or, for scripts and
-timers, without a display.")
+It works with browsers of the Chromium family and with Firefox, in a window or,
+for scripts and timers, without a display.")
 include(CPack)
