@@ -25,5 +25,6 @@ struct BrowserReport
 };
 
 // One for each data folder that stands, in the order of the window list, or one for each place of VANTROY_BROWSER. Asks
-// no user, and opens no page. Waits up to 5 s for each browser that listens and does not answer. Any thread.
+// no user, and opens no page. Waits up to 5 s for each browser that listens and does not answer, a Firefox 7 s. Any
+// thread.
 std::vector<BrowserReport> ReportBrowsers();

@@ -16,7 +16,9 @@ namespace
 
 using std::chrono::seconds;
 
+constexpr seconds kReachLimit(30); // a browser that starts keeps us waiting for its first window
 constexpr seconds kListLimit(10);
+constexpr seconds kInquireLimit(5);
 
 // A sandboxed browser sees its profile under another path, of which the last name is the same.
 std::filesystem::path NameOf(const std::filesystem::path& folder)
@@ -36,7 +38,7 @@ bool IsBrowserOf(const Place& place, const Session& session)
 Browser::Browser(Place place, std::shared_ptr<IoThread> io) : browsing::Browser(std::move(place)), m_io(std::move(io))
 {}
 
-HRESULT Browser::ReachSession()
+HRESULT Browser::ReachSession(Deadline deadline)
 {
     m_pages.clear();
     std::string url;
@@ -44,7 +46,7 @@ HRESULT Browser::ReachSession()
     if (FAILED(result))
         return result;
     const auto announce = [&](const std::shared_ptr<Session>& session) { SetConnection(session, url); };
-    result = Session::Share(url, m_io, announce, m_session);
+    result = Session::Share(url, m_io, announce, deadline, m_session);
     if (SUCCEEDED(result) && !IsBrowserOf(GetPlace(), *m_session))
         result = RPC_E_DISCONNECTED;
     announce(SUCCEEDED(result) ? m_session : nullptr);
@@ -53,7 +55,7 @@ HRESULT Browser::ReachSession()
 
 HRESULT Browser::Connect()
 {
-    const HRESULT result = ReachSession();
+    const HRESULT result = ReachSession(Clock::now() + kReachLimit);
     return result == E_ACCESSDENIED ? RPC_E_DISCONNECTED : result;
 }
 
@@ -98,8 +100,9 @@ SeenPage Browser::TakeLook(const QString& context)
 void Browser::Inquire(BrowserReport& report)
 {
     std::vector<QString> contexts;
-    const HRESULT result = ReachSession();
-    if (SUCCEEDED(result) && SUCCEEDED(ListPages(*m_session, Clock::now() + kListLimit, contexts)))
+    const Deadline deadline = Clock::now() + kInquireLimit;
+    const HRESULT result = ReachSession(deadline);
+    if (SUCCEEDED(result) && SUCCEEDED(ListPages(*m_session, deadline, contexts)))
         report.state = BrowserState::Open;
     else if (result == E_ACCESSDENIED)
         report.state = BrowserState::Taken;

@@ -18,7 +18,7 @@ class Browser : public browsing::Browser
 public:
     Browser(Place place, std::shared_ptr<IoThread> io);
 
-    // The browser's state and its pages.
+    // The browser's state and its pages, with short limits.
     void Inquire(BrowserReport& report);
 
 protected:
@@ -26,7 +26,7 @@ protected:
     HRESULT LookAtPages(std::vector<SeenPage>& pages) override;
 
 private:
-    HRESULT ReachSession();
+    HRESULT ReachSession(Deadline deadline);
     void AskForLook(const QString& context);
     SeenPage TakeLook(const QString& context);
 

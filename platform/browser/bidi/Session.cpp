@@ -5,6 +5,7 @@
 //   {"id": 1, "type": "error", "error": "session not created", "message": "Maximum number of active sessions"}
 #include "platform/browser/bidi/Session_p.h"
 
+#include <algorithm>
 #include <map>
 #include <mutex>
 
@@ -16,13 +17,12 @@ namespace
 using std::chrono::seconds;
 
 constexpr seconds kHandshakeLimit(10);
-constexpr seconds kBeginLimit(20); // a browser that starts keeps us waiting for its first window
 constexpr seconds kEndLimit(2);
 
 // Held while a session begins: of two threads, the second one finds the session of the first.
 struct SharedSessions
 {
-    std::mutex mutex;
+    std::timed_mutex mutex;
     std::map<std::string, std::weak_ptr<Session>> byUrl;
 };
 
@@ -47,28 +47,30 @@ Session::~Session()
 }
 
 HRESULT Session::Share(const std::string& url, const std::shared_ptr<IoThread>& io,
-                       const std::function<void(const std::shared_ptr<Session>&)>& announce,
+                       const std::function<void(const std::shared_ptr<Session>&)>& announce, Deadline deadline,
                        std::shared_ptr<Session>& session)
 {
-    const std::lock_guard lock(Shared().mutex);
+    const std::unique_lock lock(Shared().mutex, deadline);
+    if (!lock)
+        return RPC_E_TIMEOUT;
     session = Shared().byUrl[url].lock();
     if (session && session->IsOpen())
         return S_OK;
     session = std::make_shared<Session>(io);
     announce(session);
-    const HRESULT result = session->Begin(url);
+    const HRESULT result = session->Begin(url, deadline);
     if (SUCCEEDED(result))
         Shared().byUrl[url] = session;
     return result;
 }
 
-HRESULT Session::Begin(const std::string& url)
+HRESULT Session::Begin(const std::string& url, Deadline deadline)
 {
-    const HRESULT opened = Open(url, Clock::now() + kHandshakeLimit);
+    const HRESULT opened = Open(url, std::min(Clock::now() + kHandshakeLimit, deadline));
     if (FAILED(opened))
         return opened;
     m_isOurs = true;
-    const Reply reply = Call({"session.new", {{"capabilities", Capabilities()}}, {}}, Clock::now() + kBeginLimit);
+    const Reply reply = Call({"session.new", {{"capabilities", Capabilities()}}, {}}, deadline);
     if (reply.result == E_FAIL)
         m_isOurs = false;
     if (FAILED(reply.result))

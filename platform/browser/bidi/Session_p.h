@@ -19,9 +19,9 @@ public:
     ~Session() override;
 
     // The session with the browser at an address: that of this process, or else a new one, which `announce` gets before
-    // anything waits. E_ACCESSDENIED if another program has it.
+    // anything waits. E_ACCESSDENIED if another program has it; at the deadline RPC_E_TIMEOUT.
     static HRESULT Share(const std::string& url, const std::shared_ptr<IoThread>& io,
-                         const std::function<void(const std::shared_ptr<Session>&)>& announce,
+                         const std::function<void(const std::shared_ptr<Session>&)>& announce, Deadline deadline,
                          std::shared_ptr<Session>& session);
 
     // Ends the session and waits a moment for the browser to have done so.
@@ -34,7 +34,7 @@ public:
     }
 
 private:
-    HRESULT Begin(const std::string& url);
+    HRESULT Begin(const std::string& url, Deadline deadline);
 
     std::atomic<bool> m_isOurs = false;
     std::string m_profile; // written by Begin alone
