@@ -88,6 +88,14 @@ std::size_t TakeBody(char* data, std::size_t, std::size_t size, void* sink)
     return size;
 }
 
+std::string PartOf(const UrlHandle& url, CURLUPart part, unsigned flags = 0)
+{
+    char* text = nullptr;
+    curl_url_get(url.get(), part, &text, flags);
+    const CurlText owned(text);
+    return text ? text : "";
+}
+
 int NoteConnection(void* sink, char*, char*, int, int)
 {
     static_cast<ILineSink*>(sink)->OnConnected();
@@ -160,6 +168,21 @@ CurlLine::~CurlLine()
     Stop();
 }
 
+void CurlLine::UseCookies()
+{
+    m_handles->Set(CURLOPT_COOKIEFILE, ""); // no file
+}
+
+void CurlLine::AddCookie(const std::string& line)
+{
+    m_handles->Set(CURLOPT_COOKIELIST, line.c_str());
+}
+
+void CurlLine::ForgetCookies()
+{
+    m_handles->Set(CURLOPT_COOKIEFILE, static_cast<const char*>(nullptr));
+}
+
 void CurlLine::Start(const std::string& url, WORD httpPort, ILineSink& sink)
 {
     Stop();
@@ -216,18 +239,21 @@ std::string ResolveRedirect(const std::string& base, const std::string& target)
     const auto set = [&](CURLUPart part, const char* text, unsigned flags) {
         return curl_url_set(url.get(), part, text, flags) == CURLUE_OK;
     };
-    const auto get = [&](CURLUPart part) {
-        char* text = nullptr;
-        curl_url_get(url.get(), part, &text, 0);
-        return CurlText(text);
-    };
     if (!url || !set(CURLUPART_URL, base.c_str(), 0) ||
         !set(CURLUPART_URL, target.c_str(), CURLU_URLENCODE | CURLU_ALLOW_SPACE) || !set(CURLUPART_USER, nullptr, 0) ||
         !set(CURLUPART_PASSWORD, nullptr, 0))
         return {};
-    const CurlText scheme = get(CURLUPART_SCHEME);
-    if (!scheme || (std::strcmp(scheme.get(), "http") != 0 && std::strcmp(scheme.get(), "https") != 0))
+    const std::string scheme = PartOf(url, CURLUPART_SCHEME);
+    return scheme == "http" || scheme == "https" ? PartOf(url, CURLUPART_URL) : "";
+}
+
+std::string HostOf(const std::string& url)
+{
+    const UrlHandle parts(curl_url());
+    if (!parts || curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK)
         return {};
-    const CurlText whole = get(CURLUPART_URL);
-    return whole ? whole.get() : "";
+    std::string host = PartOf(parts, CURLUPART_HOST, CURLU_PUNYCODE);
+    for (char& byte : host)
+        byte = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+    return host;
 }

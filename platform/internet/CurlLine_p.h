@@ -34,6 +34,14 @@ public:
     CurlLine(const CurlLine&) = delete;
     CurlLine& operator=(const CurlLine&) = delete;
 
+    // Switches the cookie engine on, which holds what it is given and what servers set, in memory alone, and sends what
+    // belongs to each request.
+    void UseCookies();
+    // A line of a cookie file. One that is there under the same name, domain and path gives way.
+    void AddCookie(const std::string& line);
+    // Switches the engine off and empties it.
+    void ForgetCookies();
+
     // Begins a GET; `url` is http or https. Port 80 is looked for at `httpPort`.
     void Start(const std::string& url, WORD httpPort, ILineSink& sink);
     // Ends the transfer, whatever its state, and closes its connection.
@@ -58,3 +66,6 @@ private:
 
 // The address a redirect from `base` leads to, without a user name or password; empty if it is not http or https.
 std::string ResolveRedirect(const std::string& base, const std::string& target);
+// The host as it is asked for: lower case, an IPv6 address in brackets, other scripts in their ASCII form; empty for no
+// URL.
+std::string HostOf(const std::string& url);

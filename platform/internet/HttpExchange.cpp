@@ -55,6 +55,7 @@ HttpExchange::~HttpExchange()
     if (!m_line)
         return;
     m_line->Stop();
+    m_line->ForgetCookies();
     m_client->GiveBack(std::move(m_line));
 }
 
@@ -63,6 +64,9 @@ DWORD HttpExchange::Send()
     m_line = m_client->TakeLine();
     if (!m_line)
         return ERROR_NOT_ENOUGH_MEMORY;
+    m_cookies = m_client->Cookies();
+    if (m_cookies)
+        m_line->UseCookies();
     for (int redirects = 0;; ++redirects)
     {
         if (const DWORD error = FetchHead(); error != ERROR_SUCCESS)
@@ -83,9 +87,24 @@ DWORD HttpExchange::FetchHead()
     m_head = {};
     m_body.clear();
     m_connected = false;
+    GiveCookies();
     m_line->Start(m_url, m_httpPort, *this);
     const DWORD error = Serve([this] { return m_head.IsComplete(); });
     return error == ERROR_SUCCESS && !m_head.IsComplete() ? ERROR_HTTP_INVALID_SERVER_RESPONSE : error;
+}
+
+// What a server sets on the way stays for the redirects behind it, as in a browser; so none is given a second time,
+// which would undo that.
+void HttpExchange::GiveCookies()
+{
+    if (!m_cookies)
+        return;
+    for (const Cookie& cookie : m_cookies->Find(HostOf(m_url), m_browser))
+    {
+        const std::string line = CookieLine(cookie);
+        if (!line.empty() && m_given.insert(cookie.name + '\t' + cookie.domain + '\t' + cookie.path).second)
+            m_line->AddCookie(line);
+    }
 }
 
 DWORD HttpExchange::Read(void* data, std::size_t wanted, std::size_t& got)

@@ -4,10 +4,13 @@
 // what holds a fast server back, and a cancel needs no other thread.
 #pragma once
 
+#include "platform/internet/Cookies_p.h"
 #include "platform/internet/CurlLine_p.h"
 #include "platform/internet/ResponseHead_p.h"
 
+#include <atomic>
 #include <mutex>
+#include <set>
 #include <vector>
 
 struct HttpLimits
@@ -29,6 +32,16 @@ public:
     std::unique_ptr<CurlLine> TakeLine();
     void GiveBack(std::unique_ptr<CurlLine> line);
 
+    void UseCookies()
+    {
+        m_usesCookies = true;
+    }
+    // Null if requests carry none.
+    std::shared_ptr<ICookieSource> Cookies() const
+    {
+        return m_usesCookies ? CookieSource() : nullptr;
+    }
+
     const HttpLimits& Limits() const
     {
         return m_limits;
@@ -37,6 +50,7 @@ public:
 private:
     const std::string m_agent;
     const HttpLimits m_limits;
+    std::atomic<bool> m_usesCookies = false;
     std::mutex m_mutex;
     std::vector<std::unique_ptr<CurlLine>> m_free;
 };
@@ -65,6 +79,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     DWORD FetchHead();
+    void GiveCookies();
     template <class Ready>
     DWORD Serve(const Ready& ready);
     bool IsSilent() const;
@@ -77,6 +92,9 @@ private:
     std::string m_url;
     const WORD m_httpPort;
     std::unique_ptr<CurlLine> m_line;
+    std::shared_ptr<ICookieSource> m_cookies; // null: the exchange knows no cookies
+    std::string m_browser;                    // whose they are
+    std::set<std::string> m_given;            // the name, domain and path of each that the line was given
     ResponseHead m_head;
     // What one turn of the line brought, at most a few receive buffers; it works again when all of it has been read.
     std::vector<char> m_body;

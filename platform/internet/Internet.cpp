@@ -133,6 +133,15 @@ HINTERNET InternetOpenA(const char* agent, DWORD, const char*, const char*, DWOR
     return Handles().Add(std::move(session));
 }
 
+BOOL InternetUseCookies(HINTERNET internet)
+{
+    const auto session = Handles().Find<Session>(internet);
+    if (!session)
+        return FALSE;
+    session->client->UseCookies();
+    return TRUE;
+}
+
 HINTERNET InternetConnectA(HINTERNET internet, const char* host, INTERNET_PORT port, const char*, const char*,
                            DWORD service, DWORD, UINT_PTR)
 {

@@ -1,6 +1,7 @@
 // The internet client: one HTTP exchange at a time on a handle, pulled by the caller.
 //
-// Requests are HTTP/1.0 with the handle's user agent and no other header of the program's own; redirects are followed
+// Requests are HTTP/1.0 with the handle's user agent and no other header of the program's own, but for the cookies of a
+// handle that asks for them; redirects are followed
 // (at most 10, http and https only), the proxy comes from the environment, certificates are always checked. A
 // connection is limited to 60 s for its making and 30 s of silence, as the desktop's defaults are. A handle may be used
 // by one thread at a time. All operations return 0 or null on failure and set the last error (12000 and up, as
@@ -58,6 +59,11 @@ struct URL_COMPONENTSA
 };
 
 HINTERNET InternetOpenA(const char* agent, DWORD accessType, const char* proxy, const char* proxyBypass, DWORD flags);
+
+// Ours: from now on the requests of this handle carry the cookies of the browsers (Cookies.h). Each goes only where the
+// browser would send it, at redirects too; what servers set meanwhile holds until the exchange ends. Without this call,
+// or without a source, no request carries any.
+BOOL InternetUseCookies(HINTERNET internet);
 
 // Only scheme://[user[:password]@]host[:port][/path] with http, https or ftp as scheme is cracked; for anything else
 // (data:, blob:, about:) the parts stay null and the result is FALSE. The path runs to the end of the URL.
