@@ -18,6 +18,9 @@ struct CVersion
     }
 };
 
+// The key of the product below the roots of the registry.
+inline constexpr const char* kProductKey = "SOFTWARE\\Orlenta\\Vantroy";
+
 // The program's own.
 CVersion ProductVersion();
 // The hosts of the update server and of the maker's web site.

@@ -5,6 +5,7 @@
 #include "base/Paths.h"
 #include "base/UrlList.h"
 #include "download/CacheLookup.h"
+#include "download/CookieSwitch.h"
 #include "download/LocalName.h"
 #include "download/ProgressFields.h"
 #include "download/SizeFilter.h"
@@ -22,6 +23,8 @@ void CDownloadRun::DownloadFiles(const CUrlList& urls)
     OnFetchBegins();
     {
         const CInternetHandle internet(InternetOpenA("Vantroy", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
+        if (MaySendCookies())
+            InternetUseCookies(internet.get());
         CCacheLookup cache;
         for (auto url = urls.begin(); url != urls.end();)
         {

@@ -1,13 +1,13 @@
 #include "persist/DownloadSetting.h"
 
+#include "base/Product.h"
+
 #include "platform/files/Path.h"
 #include "platform/system/LastError.h"
 #include "platform/system/Registry.h"
 
 namespace
 {
-
-constexpr const char* kProductKey = "SOFTWARE\\Orlenta\\Vantroy";
 
 // Empty if the registry does not name the install folder.
 std::string DefaultSaveFolder()

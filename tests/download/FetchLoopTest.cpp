@@ -6,6 +6,7 @@
 
 #include "platform/system/Thread.h"
 #include "platform/testing/Limits.h"
+#include "platform/testing/MemoryCookies.h"
 #include "platform/testing/Robot.h"
 
 #include <gtest/gtest.h>
@@ -32,6 +33,27 @@ TEST(FetchLoop, TakesTheCopyWhereThereIsOneAndAsksTheServerForTheRest)
     EXPECT_EQ(run.m_stored, (Names{cached + " -> a.jpg", served + " -> b.jpg"}));
     EXPECT_EQ(run.m_server.Requests(), (Names{"GET /x/b.jpg HTTP/1.0"}));
     EXPECT_EQ(run.m_ends, 1);
+}
+
+TEST(FetchLoop, SendsTheCookiesUnlessTheRegistrySaysNo)
+{
+    TestRun run;
+    const MemoryCookies cookies({{.name = "sid", .value = "1", .domain = "127.0.0.1"}});
+    const std::pair<const char*, bool> rows[] = {
+        {"", true},
+        {"[SOFTWARE\\Orlenta\\Vantroy]\nSendCookies=\n", true},
+        {"[SOFTWARE\\Orlenta\\Vantroy]\nSendCookies=1\n", true},
+        {"[SOFTWARE\\Orlenta\\Vantroy]\nSendCookies=0 or so\n", true},
+        {"[SOFTWARE\\Orlenta\\Other]\nSendCookies=0\n", true},
+        {"[Software\\Orlenta\\Vantroy]\nsendcookies=0\n", false},
+    };
+    for (const auto& [registry, sends] : rows)
+    {
+        run.m_home.Write("registry-user.ini", registry);
+        run.m_bRunning = 1;
+        run.Download({run.Served("/a.jpg", "a")});
+        EXPECT_EQ(run.m_server.RequestHeads().back().find("Cookie: sid=1\r\n") != std::string::npos, sends) << registry;
+    }
 }
 
 TEST(FetchLoop, OverwritesNothingAndStoresNothingTwice)

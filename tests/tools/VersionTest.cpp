@@ -3,6 +3,7 @@
 #include "tools/VersionFile.h"
 
 #include "platform/testing/HttpTestServer.h"
+#include "platform/testing/MemoryCookies.h"
 #include "platform/testing/RecordingPrograms.h"
 #include "platform/testing/Robot.h"
 
@@ -121,12 +122,14 @@ TEST_F(VersionDlg, TellsWhatTheServerSays)
         {{.raw = "HTTP/1.0 200 OK\r\nContent-", .stallAfter = 25, .closeEarly = true}, noAnswer},
         {{.raw = "nonsense"}, noAnswer},
     };
+    const MemoryCookies cookies({{.name = "sid", .value = "1", .domain = "127.0.0.1"}});
     for (const auto& [answer, told] : cases)
     {
         EXPECT_EQ(Told(answer), told) << answer.body.substr(0, 40) << answer.raw << answer.contentLength;
     }
     EXPECT_EQ(m_server.Requests().front(), std::string("GET ") + kPath + " HTTP/1.0");
     EXPECT_NE(m_server.RequestHeads().front().find("User-Agent: Orlenta Vantroy\r\n"), std::string::npos);
+    EXPECT_EQ(m_server.RequestHeads().front().find("Cookie"), std::string::npos);
 }
 
 TEST_F(VersionDlg, TellsThatThereIsNoServer)

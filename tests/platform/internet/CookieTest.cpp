@@ -1,7 +1,7 @@
 // The server stands in for the proxy of every host.
-#include "platform/internet/Cookies.h"
 #include "platform/internet/Internet.h"
 #include "platform/testing/HttpTestServer.h"
+#include "platform/testing/MemoryCookies.h"
 
 #include <cstdlib>
 #include <ctime>
@@ -9,20 +9,6 @@
 
 namespace
 {
-
-// Hands out all it has, whoever is asked for: what goes where is not its business.
-struct CarelessSource : ICookieSource
-{
-    std::vector<Cookie> Find(const std::string& host, std::string& browser) override
-    {
-        asked.push_back(browser + ">" + host);
-        browser = "first";
-        return cookies;
-    }
-
-    std::vector<Cookie> cookies;
-    std::vector<std::string> asked;
-};
 
 class Cookies : public testing::Test
 {
@@ -33,11 +19,9 @@ protected:
         unsetenv("VANTROY_HTTP_PORT");
         setenv("http_proxy", address.c_str(), 1);
         setenv("https_proxy", address.c_str(), 1);
-        SetCookieSource(m_source);
     }
     ~Cookies() override
     {
-        SetCookieSource(nullptr);
         unsetenv("http_proxy");
         unsetenv("https_proxy");
         InternetCloseHandle(m_internet);
@@ -71,7 +55,8 @@ protected:
     using Sent_t = std::vector<std::string>;
 
     HttpTestServer m_server;
-    const std::shared_ptr<CarelessSource> m_source = std::make_shared<CarelessSource>();
+    MemoryCookies m_memory;
+    MemoryCookies::Source* const m_source = m_memory.source.get();
     const HINTERNET m_internet = InternetOpenA("Vantroy", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
 };
 
