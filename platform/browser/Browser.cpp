@@ -15,6 +15,12 @@ std::shared_ptr<Connection> Browser::CurrentConnection() const
     return m_connection;
 }
 
+std::shared_ptr<Connection> Browser::OpenConnection() const
+{
+    auto connection = CurrentConnection();
+    return connection && connection->IsOpen() ? connection : nullptr;
+}
+
 void Browser::SetConnection(std::shared_ptr<Connection> connection, const std::string& url)
 {
     const std::lock_guard lock(m_connectionMutex);
@@ -36,8 +42,7 @@ HRESULT Browser::Reach()
 
 HRESULT Browser::ReachLocked()
 {
-    const auto connection = CurrentConnection();
-    return connection && connection->IsOpen() ? S_OK : Connect();
+    return OpenConnection() ? S_OK : Connect();
 }
 
 void Browser::Close()
@@ -63,9 +68,18 @@ HRESULT Browser::Look(std::vector<SeenPage>& pages)
 void Browser::ReadResources(std::vector<LoadedResource>& resources)
 {
     const std::lock_guard lock(m_lookMutex);
-    const auto connection = CurrentConnection();
-    if (connection && connection->IsOpen())
+    if (OpenConnection())
         ReadLoaded(resources);
+}
+
+Command Browser::CookieRequest() const
+{
+    return {};
+}
+
+std::vector<Cookie> Browser::CookiesOf(const QJsonObject&) const
+{
+    return {};
 }
 
 void Browser::ReadLoaded(std::vector<LoadedResource>&)

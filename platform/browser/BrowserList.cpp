@@ -79,6 +79,13 @@ std::vector<LoadedResource> BrowserList::ReadResources()
     return resources;
 }
 
+std::vector<std::shared_ptr<Browser>> BrowserList::Connected()
+{
+    std::vector<std::shared_ptr<Browser>> browsers = Current();
+    std::erase_if(browsers, [](const auto& browser) { return !browser->OpenConnection(); });
+    return browsers;
+}
+
 void BrowserList::Close()
 {
     CloseConnections();

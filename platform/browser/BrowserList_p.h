@@ -21,6 +21,8 @@ public:
     // The pages of one browser after the other. A browser that was not named and does not answer has none.
     HRESULT Look(std::vector<SeenPage>& pages);
     std::vector<LoadedResource> ReadResources();
+    // Those that are connected, in the order of their windows. Connects to none.
+    std::vector<std::shared_ptr<Browser>> Connected();
     // Ends all connections: waiting calls fail at once, later ones too.
     void Close();
 

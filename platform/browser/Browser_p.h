@@ -3,6 +3,7 @@
 
 #include "platform/browser/Connection_p.h"
 #include "platform/browser/Places_p.h"
+#include "platform/internet/Cookies.h"
 
 #include <QByteArray>
 #include <QJsonValue>
@@ -65,6 +66,13 @@ public:
     // Of the pages that earlier looks have found. Connects to nothing.
     void ReadResources(std::vector<LoadedResource>& resources);
     void Close();
+
+    // Null unless the browser is connected. Any thread, beside a look too.
+    std::shared_ptr<Connection> OpenConnection() const;
+    // The request for all cookies of the user's own profile, without a method if the browser hands out none, and what
+    // its reply holds. Any thread.
+    virtual Command CookieRequest() const;
+    virtual std::vector<Cookie> CookiesOf(const QJsonObject& reply) const;
 
 protected:
     // These are called by one thread at a time, all but Connect with the connection open. Connect hands its connection

@@ -1,5 +1,6 @@
 #include "platform/browser/Browsers.h"
 
+#include "platform/browser/BrowserCookies_p.h"
 #include "platform/browser/LoadedCopies_p.h"
 #include "platform/browser/ObjectModel.h"
 #include "platform/browser/ShellWindows_p.h"
@@ -25,12 +26,14 @@ void RegisterBrowsers()
         return browsing::MakeShellWindows(browsers, object);
     });
     SetUrlCacheSource(std::make_shared<browsing::LoadedCopies>(browsers));
+    SetCookieSource(std::make_shared<browsing::BrowserCookies>(browsers));
 }
 
 void CloseBrowsers()
 {
     RegisterClassFactory(CLSID_ShellWindows, nullptr);
     SetUrlCacheSource(nullptr);
+    SetCookieSource(nullptr);
     if (const auto browsers = std::exchange(Browsers(), nullptr))
         browsers->Close();
 }

@@ -11,6 +11,9 @@ namespace browsing
 class Page
 {
 public:
+    explicit Page(std::chrono::seconds silenceLimit = std::chrono::seconds(5)) : m_silenceLimit(silenceLimit)
+    {}
+
     // Sends a request unless the page has been silent for too long. Answer gives what came of it, then or later.
     void Ask(Connection& browser, const Command& command, NextCommand next = nullptr);
     Reply Answer();
@@ -18,6 +21,7 @@ public:
 private:
     bool IsSilent() const;
 
+    std::chrono::seconds m_silenceLimit;
     std::shared_ptr<PendingReply> m_asked;
     std::shared_ptr<PendingReply> m_unanswered;
     Clock::time_point m_since;

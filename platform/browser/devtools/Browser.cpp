@@ -1,6 +1,7 @@
 #include "platform/browser/devtools/Browser_p.h"
 
 #include "platform/browser/Scripts_p.h"
+#include "platform/browser/devtools/Cookies_p.h"
 #include "platform/browser/devtools/Endpoints_p.h"
 #include "platform/browser/devtools/Resources_p.h"
 #include "platform/browser/devtools/TabStrip_p.h"
@@ -25,6 +26,16 @@ constexpr seconds kListLimit(10);
 
 Browser::Browser(Place place, std::shared_ptr<IoThread> io) : browsing::Browser(std::move(place)), m_io(std::move(io))
 {}
+
+Command Browser::CookieRequest() const
+{
+    return AskForCookies();
+}
+
+std::vector<Cookie> Browser::CookiesOf(const QJsonObject& reply) const
+{
+    return devtools::CookiesOf(reply);
+}
 
 HRESULT Browser::Connect()
 {

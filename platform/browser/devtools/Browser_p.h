@@ -17,6 +17,9 @@ class Browser : public browsing::Browser
 public:
     Browser(Place place, std::shared_ptr<IoThread> io);
 
+    Command CookieRequest() const override;
+    std::vector<Cookie> CookiesOf(const QJsonObject& reply) const override;
+
 protected:
     HRESULT Connect() override;
     HRESULT LookAtPages(std::vector<SeenPage>& pages) override;
