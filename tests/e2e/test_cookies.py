@@ -41,7 +41,8 @@ class Server(contextlib.AbstractContextManager):
                 host = handler.server.server_address[0]
                 if 'Mozilla' not in handler.headers['User-Agent']:
                     self.asked.append((host, handler.path, handler.headers['Cookie']))
-                is_barred = handler.path.startswith('/members/s') and self.secret not in (handler.headers['Cookie'] or '')
+                cookie = handler.headers['Cookie'] or ''
+                is_barred = handler.path == '/members/song.mp3' and self.secret not in cookie
                 moved = self.redirects.get(handler.path)
                 body = self.pages.get(handler.path) or (b'log in first' if is_barred else SONG)
                 handler.send_response(302 if moved else 200)
@@ -115,9 +116,10 @@ class Cookies(unittest.TestCase):
     def test_go_to_their_own_address_alone_and_nowhere_else(self):
         saved = self.run_program('with')
         sid = f'sid={self.server.secret}'
-        self.assertEqual({(HERE, '/members/song.mp3', sid), (HERE, '/members/moved.mp3', sid), (THERE, '/away.mp3', None),
-                          (HERE, '/members/back.mp3', sid), (HERE, '/free/open.mp3', None), (THERE, '/other.mp3', None)},
-                         set(self.server.asked))
+        self.assertEqual(
+            {(HERE, '/members/song.mp3', sid), (HERE, '/members/moved.mp3', sid), (THERE, '/away.mp3', None),
+             (HERE, '/members/back.mp3', sid), (HERE, '/free/open.mp3', None), (THERE, '/other.mp3', None)},
+            set(self.server.asked))
         self.assertEqual(dict.fromkeys(('song.mp3', 'moved.mp3', 'open.mp3', 'other.mp3'), SONG), saved)
 
         (self.home / 'registry-user.ini').write_text('[SOFTWARE\\Orlenta\\Vantroy]\nSendCookies=0\n')

@@ -1,4 +1,5 @@
 // The server stands in for the proxy of every host.
+#include "platform/internet/CurlLine_p.h"
 #include "platform/internet/Internet.h"
 #include "platform/testing/HttpTestServer.h"
 #include "platform/testing/MemoryCookies.h"
@@ -136,6 +137,20 @@ TEST_F(Cookies, GoWhereTheyBelongAlone)
         EXPECT_EQ(both.size(), row.sent == "-" ? 7 : row.sent.size() + 9);
         EXPECT_EQ(m_server.RequestHeads().back().find("X-Evil"), std::string::npos);
     }
+}
+
+TEST(HostOf, IsTheHostThatIsAskedFor)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"http://A.Example:81/b", "a.example"},
+        {"https://u:p@h.example?x", "h.example"},
+        {"http://[2001:DB8::1]:8/", "[2001:db8::1]"},
+        {"http://127.1/", "127.0.0.1"},
+        {"http:///", ""},
+        {"", ""},
+    };
+    for (const auto& [url, host] : rows)
+        EXPECT_EQ(HostOf(url), host) << url;
 }
 
 TEST_F(Cookies, OfThisMachineMayBeSecureOverPlainHttp)
