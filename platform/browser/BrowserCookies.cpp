@@ -14,7 +14,10 @@ constexpr std::chrono::seconds kSilenceLimit(2);
 
 bool IsFor(const Cookie& cookie, const std::string& host)
 {
-    return cookie.domain == host || (!cookie.hostOnly && !cookie.domain.empty() && host.ends_with('.' + cookie.domain));
+    const std::string& domain = cookie.domain;
+    if (domain.empty() || !host.ends_with(domain))
+        return false;
+    return host.size() == domain.size() || (!cookie.hostOnly && host[host.size() - domain.size() - 1] == '.');
 }
 
 } // namespace
