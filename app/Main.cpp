@@ -1,6 +1,8 @@
 #include "app/VantroyApp.h"
 #include "resources/Resources.h"
 
+#include "platform/browser/BrowserToolbar.h"
+
 namespace
 {
 
@@ -10,6 +12,8 @@ CVantroyApp theApp;
 
 int main(int argc, char** argv)
 {
+    if (const auto status = AnswerToolbarPress(argc, argv))
+        return *status;
     AfxSetResources(VantroyResources());
     return AfxWinMain(argc, argv);
 }

@@ -19,6 +19,7 @@ BOOL CVantroyApp::InitInstance()
     Enable3dControls();
     CoInitialize(nullptr);
     RegisterBrowsers();
+    m_toolbar.emplace();
     switch (RunModeOf(GetCommandLineA()))
     {
     case RunMode::Plain:
@@ -83,6 +84,7 @@ std::string CVantroyApp::HelpWithNothing()
 int CVantroyApp::ExitInstance()
 {
     m_sideWindows.CloseAll();
+    m_toolbar.reset();
     CloseBrowsers();
     CoUninitialize();
     return CWinApp::ExitInstance();

@@ -3,6 +3,7 @@
 
 #include "app/SideWindows.h"
 
+#include "platform/browser/BrowserToolbar.h"
 #include "platform/window/WinApp.h"
 
 class CVantroyApp : public CWinApp
@@ -27,4 +28,5 @@ private:
     void RunAllPages();
 
     CSideWindows m_sideWindows; // of the main dialog
+    std::optional<BrowserToolbar> m_toolbar;
 };

@@ -43,6 +43,8 @@ std::string DescribeBrowsers(const std::vector<BrowserReport>& reports)
         if (report.name != report.place)
             text += ", " + report.place;
         text += "\n    " + DescribeState(report);
+        if (report.refusesButton)
+            text += "\n    " + AfxLoadString(IDS_BROWSER_NO_BUTTON);
     }
     return text;
 }

@@ -149,6 +149,7 @@ inline constexpr int IDS_BROWSER_ASKS = 136;
 inline constexpr int IDS_BROWSER_STALE = 137;
 inline constexpr int IDS_BROWSER_NOT_ENABLED = 138;
 inline constexpr int IDS_BROWSER_REFUSED = 139;
+inline constexpr int IDS_BROWSER_NO_BUTTON = 143;
 inline constexpr int IDS_HINT_NO_PAGE = 140;
 inline constexpr int IDS_HINT_ASKS = 141;
 inline constexpr int IDS_HINT_START = 142;

@@ -54,6 +54,7 @@ std::span<const TextEntry> TextResources()
         {IDS_BROWSER_TAKEN,
          "is held by another program, and lets one in at a time: end that program, or close the browser "
          "and start it again."},
+        {IDS_BROWSER_NO_BUTTON, "takes no button on its toolbar: it accepts extensions from its maker's shop alone."},
         {IDS_HINT_NO_PAGE, "The browser has no page open."},
         {IDS_HINT_ASKS, "The browser asks you about each program. Press Refresh List and allow the connection."},
         {IDS_HINT_TAKEN, "The browser is held by another program. End that one, or start the browser again, and press "

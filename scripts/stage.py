@@ -137,30 +137,62 @@ def listens(port):
     return False
 
 
-def evaluate(socket_url, expression):
-    """The value of a short expression in a page, over a WebSocket that is opened for it alone."""
-    host, port = socket_url.split('/')[2].split(':')
-    with socket.create_connection((host, int(port)), timeout=10) as link, link.makefile('rwb') as stream:
+class DevTools(contextlib.AbstractContextManager):
+    """A WebSocket to a browser or to one of its pages."""
+
+    def __init__(self, socket_url):
+        host, port = socket_url.split('/')[2].split(':')
+        self._link = socket.create_connection((host, int(port)), timeout=10)
+        self._stream = self._link.makefile('rwb')
         key = base64.b64encode(os.urandom(16)).decode()
         path = '/' + socket_url.split('/', 3)[3]
-        stream.write(f'GET {path} HTTP/1.1\r\nHost: {host}:{port}\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n'
-                     f'Sec-WebSocket-Key: {key}\r\nSec-WebSocket-Version: 13\r\n\r\n'.encode())
-        stream.flush()
-        while stream.readline() not in (b'\r\n', b''):
+        self._stream.write(f'GET {path} HTTP/1.1\r\nHost: {host}:{port}\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n'
+                           f'Sec-WebSocket-Key: {key}\r\nSec-WebSocket-Version: 13\r\n\r\n'.encode())
+        self._stream.flush()
+        while self._stream.readline() not in (b'\r\n', b''):
             pass
-        call = json.dumps({'id': 1, 'method': 'Runtime.evaluate', 'params': {'expression': expression}}).encode()
+
+    def __exit__(self, *_):
+        self._stream.close()
+        self._link.close()
+
+    def call(self, method, **parameters):
+        """The result of a request."""
+        message = json.dumps({'id': 1, 'method': method, 'params': parameters}).encode()
         # The mask of a client's frame may be anything, zero too, which leaves the payload as it is.
-        stream.write(struct.pack('>BBH', 0x81, 0x80 | 126, len(call)) + bytes(4) + call)
-        stream.flush()
-        size = stream.read(2)[1]
-        size = struct.unpack('>H', stream.read(2))[0] if size == 126 else size
-        return json.loads(stream.read(size))['result']['result'].get('value')
+        self._stream.write(struct.pack('>BBH', 0x81, 0x80 | 126, len(message)) + bytes(4) + message)
+        self._stream.flush()
+        while True:
+            reply = json.loads(self._frame())
+            if 'error' in reply:
+                raise StageError(f'{method}: {reply["error"]}')
+            if 'result' in reply:
+                return reply['result']
+
+    def _frame(self):
+        size = self._stream.read(2)[1]
+        for code, kind in ((126, '>H'), (127, '>Q')):
+            if size == code:
+                size, = struct.unpack(kind, self._stream.read(struct.calcsize(kind)))
+                break
+        return self._stream.read(size)
+
+
+def evaluate(socket_url, expression):
+    """The value of a short expression in a page."""
+    with DevTools(socket_url) as page:
+        return page.call('Runtime.evaluate', expression=expression)['result'].get('value')
+
+
+def targets(port):
+    """What a browser lists as its pages, and more."""
+    with urllib.request.urlopen(f'http://127.0.0.1:{port}/json/list', timeout=10) as answer:
+        return json.load(answer)
 
 
 def loaded(port, wanted):
     """Whether a browser shows all these pages, complete."""
-    with urllib.request.urlopen(f'http://127.0.0.1:{port}/json/list', timeout=10) as answer:
-        pages = [page for page in json.load(answer) if page['type'] == 'page' and page['url'] in wanted]
+    pages = [page for page in targets(port) if page['type'] == 'page' and page['url'] in wanted]
     # A new tab is listed with its address while it still shows its first, empty document.
     return len(pages) == len(wanted) and all(
         evaluate(page['webSocketDebuggerUrl'], 'document.readyState == "complete" && location.href') == page['url']

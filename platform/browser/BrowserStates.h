@@ -19,7 +19,8 @@ struct BrowserReport
     std::string name;  // "Chromium"; of a place that somebody named, the place
     std::string place; // its data folder, or its address; as VANTROY_BROWSER takes it
     BrowserState state = BrowserState::NotEnabled;
-    int pages = 0; // that are open, sleeping ones too; 0 if it is not Open
+    int pages = 0;              // that are open, sleeping ones too; 0 if it is not Open
+    bool refusesButton = false; // the registry asks for a button on its toolbar, and it takes none
 
     bool operator==(const BrowserReport&) const = default;
 };

@@ -1,6 +1,7 @@
 #include "platform/browser/Places_p.h"
 
 #include "platform/browser/Protocols_p.h"
+#include "platform/files/InstallHome_p.h"
 
 #include <QHostAddress>
 #include <QUrl>
@@ -65,8 +66,7 @@ UserFolders FindUserFolders()
 {
     const fs::path home = Environment("HOME");
     const fs::path config = Environment("XDG_CONFIG_HOME");
-    const fs::path data = Environment("XDG_DATA_HOME");
-    return {home, config.is_absolute() ? config : home / ".config", data.is_absolute() ? data : home / ".local/share"};
+    return {home, config.is_absolute() ? config : home / ".config", UserDataFolder()};
 }
 
 std::vector<fs::path> FoldersIn(const fs::path& folder)

@@ -25,17 +25,6 @@ std::string Environment(const char* name)
     return value ? value : "";
 }
 
-fs::path UserDataFolder()
-{
-    if (const std::string data = Environment("XDG_DATA_HOME"); data.starts_with('/'))
-        return data;
-    std::string home = Environment("HOME");
-    if (home.empty())
-        if (const passwd* user = getpwuid(getuid()))
-            home = user->pw_dir;
-    return fs::path(home) / ".local" / "share";
-}
-
 // Whether the folder is the program's alone. Root can write into those that all programs share, and must not.
 bool IsOwnFolder(const fs::path& folder)
 {
@@ -52,10 +41,26 @@ fs::path HomeFolder()
 
 } // namespace
 
-fs::path ExecutableFolder()
+fs::path ExecutablePath()
 {
     std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).parent_path();
+    return fs::read_symlink("/proc/self/exe", error);
+}
+
+fs::path ExecutableFolder()
+{
+    return ExecutablePath().parent_path();
+}
+
+fs::path UserDataFolder()
+{
+    if (const std::string data = Environment("XDG_DATA_HOME"); data.starts_with('/'))
+        return data;
+    std::string home = Environment("HOME");
+    if (home.empty())
+        if (const passwd* user = getpwuid(getuid()))
+            home = user->pw_dir;
+    return fs::path(home) / ".local" / "share";
 }
 
 std::string InstallHomeFolder()

@@ -9,4 +9,7 @@ inline constexpr const char* kMachineRegistryFile = "registry-machine.ini";
 inline constexpr const char* kClassesRegistryFile = "registry-classes.ini";
 
 // Native; empty if the machine does not tell.
+std::filesystem::path ExecutablePath();
 std::filesystem::path ExecutableFolder();
+// $XDG_DATA_HOME or what stands for it.
+std::filesystem::path UserDataFolder();

@@ -4,11 +4,13 @@
 #include "platform/files/InstallHome_p.h"
 #include "platform/system/LastError.h"
 #include "platform/system/RegistryFile_p.h"
+#include "platform/system/Registry_p.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <type_traits>
@@ -135,6 +137,25 @@ LONG ChangeFile(HKEY root, const Change& change)
     return file.Save();
 }
 
+std::mutex g_watcherMutex;
+std::shared_ptr<const RegistryWatcher> g_watcher;
+
+std::shared_ptr<const RegistryWatcher> Watcher()
+{
+    const std::lock_guard lock(g_watcherMutex);
+    return g_watcher;
+}
+
+// The same for an open key.
+template <class Change>
+LONG ChangeKey(const Key& key, const Change& change)
+{
+    const LONG error = ChangeFile(key.root, change);
+    if (const auto watcher = Watcher(); error == ERROR_SUCCESS && watcher)
+        (*watcher)(key.root, key.path);
+    return error;
+}
+
 std::atomic<RegistryGuard> g_guard = nullptr;
 
 bool IsRefused(const Key& key)
@@ -167,7 +188,7 @@ LONG RegCreateKeyA(HKEY key, const char* subKey, HKEY* result)
     Key made;
     if (!FindSubKey(key, subKey, made))
         return ERROR_INVALID_HANDLE;
-    const LONG error = ChangeFile(made.root, [&](RegistryFile& file) { file.AddKey(made.path); });
+    const LONG error = ChangeKey(made, [&](RegistryFile& file) { file.AddKey(made.path); });
     if (error == ERROR_SUCCESS)
         *result = Keys().Add(std::move(made));
     return error;
@@ -210,7 +231,7 @@ LONG RegDeleteKeyA(HKEY key, const char* subKey)
         return ERROR_INVALID_HANDLE;
     if (IsRefused(wanted))
         return ERROR_ACCESS_DENIED;
-    return ChangeFile(wanted.root, [&wanted](RegistryFile& file) -> LONG {
+    return ChangeKey(wanted, [&wanted](RegistryFile& file) -> LONG {
         if (!file.HasKey(wanted.path))
             return ERROR_FILE_NOT_FOUND;
         if (!file.SubKeys(wanted.path).empty())
@@ -223,6 +244,12 @@ LONG RegDeleteKeyA(HKEY key, const char* subKey)
 void SetRegistryGuard(RegistryGuard guard)
 {
     g_guard = guard;
+}
+
+void SetRegistryWatcher(RegistryWatcher watcher)
+{
+    const std::lock_guard lock(g_watcherMutex);
+    g_watcher = watcher ? std::make_shared<const RegistryWatcher>(std::move(watcher)) : nullptr;
 }
 
 LONG RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size)
@@ -269,7 +296,7 @@ LONG RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* d
     std::string text(reinterpret_cast<const char*>(data), size);
     if (text.ends_with('\0'))
         text.pop_back();
-    return ChangeFile(found.root, [&](RegistryFile& file) { file.SetValue(found.path, name ? name : "", text); });
+    return ChangeKey(found, [&](RegistryFile& file) { file.SetValue(found.path, name ? name : "", text); });
 }
 
 LONG RegCloseKey(HKEY key)

@@ -23,14 +23,19 @@ def by_name(files):
     return {path.split('/')[-1]: content for path, content in files.items()}
 
 
-class DemoTest(unittest.TestCase):
+class HomeTest(unittest.TestCase):
+    def setUp(self):
+        self.base = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix='vantroy-e2e-')))
+        self.home = self.base / 'home'
+        self.home.mkdir()
+
+
+class DemoTest(HomeTest):
     shown = slice(None)  # the pages that the browser shows
 
     def setUp(self):
-        self.base = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix='vantroy-e2e-')))
+        super().setUp()
         self.log = self.base / 'requests'
-        self.home = self.base / 'home'
-        self.home.mkdir()
         self.folder = self.home / 'Download'
         self.server = self.enterContext(stage.DemoServer(self.log))
         self.browser = self.enterContext(stage.Browser(self.server.pages[self.shown]))

@@ -4,6 +4,7 @@
 #include "platform/browser/bidi/Endpoints_p.h"
 #include "platform/browser/bidi/Pages_p.h"
 #include "platform/browser/bidi/World_p.h"
+#include "platform/browser/toolbar/ExtensionFiles_p.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -31,6 +32,12 @@ bool IsBrowserOf(const Place& place, const Session& session)
 {
     return IsAddress(place.text) || session.ProfileFolder().empty() ||
            NameOf(place.text) == NameOf(session.ProfileFolder());
+}
+
+// The one of vantroy-browser. Firefox takes no extension that its maker has not signed.
+bool IsOwnProfile(const Place& place)
+{
+    return place.text == FindUserFolders().data / "vantroy/firefox";
 }
 
 } // namespace
@@ -109,6 +116,7 @@ void Browser::Inquire(BrowserReport& report)
     else
         report.state = HasServerFile(GetPlace().text) ? BrowserState::Stale : BrowserState::NotEnabled;
     report.pages = static_cast<int>(contexts.size());
+    report.refusesButton = report.state == BrowserState::Open && IsOwnProfile(GetPlace()) && toolbar::HasFiles();
 }
 
 } // namespace browsing::bidi
