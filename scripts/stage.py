@@ -200,12 +200,12 @@ def loaded(port, wanted):
 
 
 class Browser(contextlib.AbstractContextManager):
-    """A Chromium with a fresh data folder and a random port, on the given pages."""
+    """A Chromium with a random port, on the given pages; its data folder is a fresh one unless it is named."""
 
-    def __init__(self, pages, headless=True, environment=None):
+    def __init__(self, pages, headless=True, environment=None, folder=None):
         self._stack = contextlib.ExitStack()
         with self._stack:
-            self.folder = self._stack.enter_context(tempfile.TemporaryDirectory(
+            self.folder = folder or self._stack.enter_context(tempfile.TemporaryDirectory(
                 prefix='vantroy-demo-browser-', ignore_cleanup_errors=True))
             command = [shutil.which('chromium') or shutil.which('google-chrome-stable') or 'chromium',
                        f'--user-data-dir={self.folder}', '--remote-debugging-port=0', '--no-first-run',
@@ -215,18 +215,23 @@ class Browser(contextlib.AbstractContextManager):
             command += ['--no-sandbox'] if os.geteuid() == 0 else []
             browser = self._stack.enter_context(process([*command, pages[0]], env=environment,
                                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+            self.process = browser
             self.port = wait_for(lambda: browser.poll() is not None or active_port(self.folder), 'the browser to start')
             if browser.poll() is not None:
                 raise StageError(f'the browser left at once with status {browser.returncode}: {" ".join(command)}')
             self.endpoint = f'http://127.0.0.1:{self.port}'
             for page in pages[1:]:
-                request = urllib.request.Request(f'{self.endpoint}/json/new?{page}', method='PUT')
-                urllib.request.urlopen(request, timeout=10).close()
+                self.open(page)
             wait_for(lambda: loaded(self.port, pages), 'the pages to load', 60)
             self._stack = self._stack.pop_all()
 
     def __exit__(self, *_):
         self._stack.close()
+
+    def open(self, page):
+        """A new tab in front of the others."""
+        request = urllib.request.Request(f'{self.endpoint}/json/new?{page}', method='PUT')
+        urllib.request.urlopen(request, timeout=10).close()
 
 
 class Firefox(contextlib.AbstractContextManager):

@@ -1,5 +1,7 @@
 """A home, the demo server and a real browser on its pages: what the end-to-end tests stand on."""
+import os
 import pathlib
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -21,6 +23,11 @@ def media(pages, kinds):
 def by_name(files):
     """The names that the files get in the save folder."""
     return {path.split('/')[-1]: content for path, content in files.items()}
+
+
+MEDIA = media(('coast', 'patterns', 'sounds'), PICTURE_KINDS + SOUND_KINDS)
+# Two pages name their cover the same.
+SAVED = by_name(MEDIA) | {'cover.jpg': MEDIA['/coast/cover.jpg'], 'cover1.jpg': MEDIA['/patterns/cover.jpg']}
 
 
 class HomeTest(unittest.TestCase):
@@ -48,3 +55,21 @@ class DemoTest(HomeTest):
     def assert_same_files(self, wanted, found):
         self.assertEqual(sorted(wanted), sorted(found))
         self.assertEqual([], [name for name in wanted if wanted[name] != found[name]])
+
+
+class BatchTest(DemoTest):
+    """Without a display."""
+
+    def setUp(self):
+        super().setUp()
+        (self.home / 'config.xml').write_text(
+            f'<CONFIG><SAVEFOLDER>{self.folder}</SAVEFOLDER><LIMITFILETYPE>7</LIMITFILETYPE></CONFIG>')
+        self.folder.mkdir()
+        screens = ('DISPLAY', 'WAYLAND_DISPLAY', 'QT_QPA_PLATFORM')
+        self.environment = {name: value for name, value in os.environ.items() if name not in screens} | self.variables
+
+    def run_program(self, *arguments, status=0):
+        done = subprocess.run([stage.PROGRAM, *arguments], env=self.environment, capture_output=True, text=True,
+                              timeout=120, stdin=subprocess.DEVNULL)
+        self.assertEqual(status, done.returncode, done.stdout + done.stderr)
+        return done

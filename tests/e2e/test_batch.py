@@ -1,5 +1,4 @@
 """The modes that ask nothing, without a display, as a script or a timer starts them."""
-import os
 import pathlib
 import signal
 import subprocess
@@ -8,29 +7,7 @@ import unittest
 import demo
 from demo import stage
 
-PAGES = ('coast', 'patterns', 'sounds')
-MEDIA = demo.media(PAGES, demo.PICTURE_KINDS + demo.SOUND_KINDS)
-# Two pages name their cover the same.
-SAVED = demo.by_name(MEDIA) | {'cover.jpg': MEDIA['/coast/cover.jpg'], 'cover1.jpg': MEDIA['/patterns/cover.jpg']}
-
-
-class BatchTest(demo.DemoTest):
-    def setUp(self):
-        super().setUp()
-        (self.home / 'config.xml').write_text(
-            f'<CONFIG><SAVEFOLDER>{self.folder}</SAVEFOLDER><LIMITFILETYPE>7</LIMITFILETYPE></CONFIG>')
-        self.folder.mkdir()
-        screens = ('DISPLAY', 'WAYLAND_DISPLAY', 'QT_QPA_PLATFORM')
-        self.environment = {name: value for name, value in os.environ.items() if name not in screens} | self.variables
-
-    def run_program(self, *arguments, status=0):
-        done = subprocess.run([stage.PROGRAM, *arguments], env=self.environment, capture_output=True, text=True,
-                              timeout=120, stdin=subprocess.DEVNULL)
-        self.assertEqual(status, done.returncode, done.stdout + done.stderr)
-        return done
-
-
-class TwoBrowsers(BatchTest):
+class TwoBrowsers(demo.BatchTest):
     shown = slice(0, 1)
 
     def test_the_pages_of_both_are_one_run(self):
@@ -39,10 +16,10 @@ class TwoBrowsers(BatchTest):
         states = self.run_program('--browsers').stdout
         self.assertEqual(f'{self.browser.folder}\n    open; pages: 1\n{second.folder}\n    open; pages: 2\n', states)
         self.run_program('--all')
-        self.assert_same_files(SAVED, self.saved())
+        self.assert_same_files(demo.SAVED, self.saved())
 
 
-class FirefoxBesideChromium(BatchTest):
+class FirefoxBesideChromium(demo.BatchTest):
     shown = slice(1, None)
 
     def test_the_pages_of_both_are_one_run(self):
@@ -51,22 +28,22 @@ class FirefoxBesideChromium(BatchTest):
         self.environment['VANTROY_BROWSER'] = f'{firefox.folder},{self.browser.folder}'
         stage.wait_for(lambda: '/coast/cover.jpg' in self.log.read_text(), 'the page in Firefox', 60)
         self.run_program('--all')
-        self.assert_same_files(SAVED, self.saved())
+        self.assert_same_files(demo.SAVED, self.saved())
         states = self.run_program('--browsers').stdout
         self.assertEqual(f'{firefox.folder}\n    open; pages: 1\n{self.browser.folder}\n    open; pages: 2\n', states)
 
 
-class BatchModes(BatchTest):
+class BatchModes(demo.BatchTest):
     def test_every_file_of_every_open_page_arrives(self):
         done = self.run_program('--all')
-        self.assert_same_files(SAVED, self.saved())
+        self.assert_same_files(demo.SAVED, self.saved())
         self.assertFalse((self.home / 'History').exists())
         self.assertEqual('', done.stderr)
         lines = done.stdout.splitlines()
         self.assertEqual(['Now getting download files list...', 'Download files now...'], lines[:2])
         self.assertEqual('Download complete!', lines[-1])
         # Each file has its line, with its size.
-        self.assertEqual({f'{len(content)} Bytes' for content in MEDIA.values()},
+        self.assertEqual({f'{len(content)} Bytes' for content in demo.MEDIA.values()},
                          {part for line in lines for part in line.split('  ') if part.endswith(' Bytes')})
 
     def test_the_pages_of_the_file_alone(self):
@@ -84,7 +61,7 @@ class BatchModes(BatchTest):
         (self.home / 'config.xml').write_bytes(
             f'<CONFIG>\r\n<SAVEFOLDER>{folder}</SAVEFOLDER>\r\n</CONFIG>\r\n'.encode('gbk'))
         self.run_program('--all')
-        self.assertEqual(sorted(name for name in SAVED if name.endswith(demo.PICTURE_KINDS)),
+        self.assertEqual(sorted(name for name in demo.SAVED if name.endswith(demo.PICTURE_KINDS)),
                          sorted(file.name for file in folder.iterdir()))
 
     def test_the_status_says_what_was_wrong(self):
