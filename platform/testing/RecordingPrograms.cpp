@@ -14,7 +14,7 @@ namespace
 
 // Arguments end with a zero each; the file is there when all are in it.
 constexpr const char* kScript =
-    "#!/bin/sh\n{ [ $# = 0 ] || printf '%s\\0' \"$@\"; } > \"$0.tmp\" && /bin/mv \"$0.tmp\" \"$0.args\"\n";
+    "#!/bin/sh\n{ [ $# = 0 ] || printf '%s\\0' \"$@\"; } > \"$0.$$\" && /bin/mv \"$0.$$\" \"$0.args\"\n";
 
 } // namespace
 

@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <functional>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -112,6 +113,10 @@ public:
     bool IsMenuEntryEnabled(const std::string& text) const;
     void ChooseMenu(const std::string& text) const;
     void CloseMenu() const;
+
+    // One press, click, drag, key, resize or close somewhere in a window that takes input; false if that was not
+    // possible where the dice fell. Throws as all others do if the event loop takes no input.
+    bool ActAtRandom(std::minstd_rand& dice) const;
 
     // Controls whose text does not fit into them, and controls that lie outside their window or on one another, one
     // line each; empty if the layout is sound.
