@@ -7,7 +7,7 @@
 
 #include <QCoreApplication>
 
-#include <optional>
+#include <memory>
 
 namespace toolbar
 {
@@ -35,12 +35,12 @@ public:
     ToolkitApplication()
     {
         if (!QCoreApplication::instance())
-            m_own.emplace(m_count, nullptr);
+            m_own = std::make_unique<QCoreApplication>(m_count, nullptr);
     }
 
 private:
     int m_count = 0;
-    std::optional<QCoreApplication> m_own;
+    std::unique_ptr<QCoreApplication> m_own;
 };
 
 // A connection of its own: the button has nothing to do with the pages, and whoever presses a key of the settings sheet
