@@ -56,7 +56,9 @@ HRESULT Browser::ReachSession(Deadline deadline)
     result = Session::Share(url, m_io, announce, deadline, m_session);
     if (SUCCEEDED(result) && !IsBrowserOf(GetPlace(), *m_session))
         result = RPC_E_DISCONNECTED;
-    announce(SUCCEEDED(result) ? m_session : nullptr);
+    if (FAILED(result))
+        m_session = nullptr; // a session that others may want goes back at once
+    announce(m_session);
     return result;
 }
 

@@ -361,9 +361,12 @@ TEST(Endpoints, FolderOfABrowserAndOfAProfile)
 TEST(Endpoints, FirefoxProfile)
 {
     const TempHome home;
-    const FakeBrowser browser({"a"}, [](const QJsonObject& request, const FakeBrowser::Send& send) {
+    std::atomic<int> sessions{0};
+    const FakeBrowser browser({"a"}, [&](const QJsonObject& request, const FakeBrowser::Send& send) {
+        sessions -= MethodOf(request) == "session.end" ? 1 : 0;
         if (MethodOf(request) != "session.new")
             return false;
+        ++sessions;
         send(FakeBrowser::Reply(request, {{"capabilities", QJsonObject{{"moz:profile", "/sandboxed/x.default"}}}}));
         return true;
     });
@@ -391,6 +394,7 @@ TEST(Endpoints, FirefoxProfile)
         CComPtr<IShellWindows> windows;
         EXPECT_EQ(OpenCollection(windows), expected) << profile << file;
         EXPECT_EQ(windows ? Count(windows) : 0, expected == S_OK ? 1 : 0);
+        EXPECT_EQ(sessions, expected == S_OK ? 1 : 0) << profile;
     }
 }
 
