@@ -5,9 +5,20 @@
 #include "platform/browser/ObjectModel.h"
 #include "platform/com/Com.h"
 
+#include <chrono>
 #include <cstdlib>
+#include <functional>
 #include <string>
+#include <thread>
 #include <vector>
+
+inline bool WaitUntil(const std::function<bool()>& condition)
+{
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (!condition() && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return condition();
+}
 
 // The browsers of one test, on a thread that uses objects.
 class Registered

@@ -13,7 +13,6 @@
 namespace
 {
 
-using namespace std::chrono_literals;
 using List_t = std::vector<std::wstring>;
 
 QString MethodOf(const QJsonObject& request)
@@ -28,14 +27,6 @@ bool IsLookAt(const QJsonObject& request, int page)
     const QJsonObject target = request.value("params").toObject().value("target").toObject();
     return (MethodOf(request) == "Page.createIsolatedWorld" && request.value("sessionId") == "s-page" + number) ||
            target.value("context") == "page" + number;
-}
-
-bool WaitUntil(const std::function<bool()>& condition)
-{
-    const auto deadline = std::chrono::steady_clock::now() + 60s;
-    while (!condition() && std::chrono::steady_clock::now() < deadline)
-        std::this_thread::sleep_for(1ms);
-    return condition();
 }
 
 CComPtr<IShellWindows> Opened()

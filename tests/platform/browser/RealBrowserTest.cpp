@@ -9,30 +9,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <sstream>
 #include <sys/stat.h>
-#include <thread>
 
 namespace
 {
 
-using namespace std::chrono_literals;
 using TextList = std::vector<std::wstring>;
 
 // A picture of 1 by 1.
 const std::string kGif("GIF89a\1\0\1\0\x80\0\0\xFF\xFF\xFF\0\0\0!\xF9\4\1\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;", 43);
-
-bool WaitUntil(const std::function<bool()>& condition)
-{
-    const auto deadline = std::chrono::steady_clock::now() + 60s;
-    while (!condition() && std::chrono::steady_clock::now() < deadline)
-        std::this_thread::sleep_for(10ms);
-    return condition();
-}
 
 class RealBrowserTest : public testing::Test
 {

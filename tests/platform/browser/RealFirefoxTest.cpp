@@ -9,22 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <functional>
-#include <thread>
 
 namespace
 {
 
 using namespace std::chrono_literals;
 using TextList = std::vector<std::wstring>;
-
-bool WaitUntil(const std::function<bool()>& condition)
-{
-    const auto deadline = std::chrono::steady_clock::now() + 60s;
-    while (!condition() && std::chrono::steady_clock::now() < deadline)
-        std::this_thread::sleep_for(10ms);
-    return condition();
-}
 
 class RealFirefoxTest : public testing::Test
 {
