@@ -5,10 +5,6 @@
 #include "platform/browser/devtools/Endpoints_p.h"
 #include "platform/browser/toolbar/ExtensionFiles_p.h"
 
-#include <QCoreApplication>
-
-#include <memory>
-
 namespace toolbar
 {
 namespace
@@ -28,21 +24,6 @@ Command Uninstall()
     return {"Extensions.uninstall", {{"id", kExtensionId}}, {}};
 }
 
-// Connections need one; before the desktop has started, there is none.
-class ToolkitApplication
-{
-public:
-    ToolkitApplication()
-    {
-        if (!QCoreApplication::instance())
-            m_own = std::make_unique<QCoreApplication>(m_count, nullptr);
-    }
-
-private:
-    int m_count = 0;
-    std::unique_ptr<QCoreApplication> m_own;
-};
-
 // A connection of its own: the button has nothing to do with the pages, and whoever presses a key of the settings sheet
 // does not wait for it. A browser that asks its user is not asked for a button.
 HRESULT Tell(const std::vector<Command>& commands)
@@ -51,7 +32,6 @@ HRESULT Tell(const std::vector<Command>& commands)
     const HRESULT resolved = devtools::Resolve({BrowserFolder().string()}, endpoint);
     if (FAILED(resolved) || endpoint.asksUser)
         return RPC_E_DISCONNECTED;
-    const ToolkitApplication application;
     Connection connection(std::make_shared<IoThread>());
     const Deadline deadline = Clock::now() + kLimit;
     HRESULT result = connection.Open(endpoint.socketUrl, deadline);
