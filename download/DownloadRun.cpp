@@ -11,10 +11,19 @@
 #include "download/SizeFilter.h"
 #include "resources/ResourceIds.h"
 
+#include "platform/system/LastError.h"
 #include "platform/window/Resource.h"
 #include "platform/window/WinApp.h"
 
 #include <algorithm>
+
+namespace
+{
+
+// Each one more has lost the place to another program.
+constexpr int kMostTries = 100;
+
+} // namespace
 
 void CDownloadRun::DownloadFiles(const CUrlList& urls)
 {
@@ -83,11 +92,28 @@ void CDownloadRun::CopyCached(const std::string& url, const INTERNET_CACHE_ENTRY
         return;
     }
     ShowItem(entry.lpszLocalFileName, name, size);
-    std::string path = PathInFolder(m_setting.GetSaveFolder(), name);
-    if (!MakeLocalName(path, size))
-        return;
-    if (CopyFileExA(entry.lpszLocalFileName, path.c_str(), &CopyProgressProc, this, nullptr, 0))
+    const std::string path = StoreInFreePlace(name, size, [&](const std::string& place) {
+        return CopyFileExA(entry.lpszLocalFileName, place.c_str(), &CopyProgressProc, this, nullptr,
+                           COPY_FILE_FAIL_IF_EXISTS) != FALSE;
+    });
+    if (!path.empty())
         OnFileStored(url, path);
+}
+
+std::string CDownloadRun::StoreInFreePlace(const std::string& name, DWORD size,
+                                           const std::function<bool(const std::string&)>& store) const
+{
+    for (int tries = 0; tries < kMostTries; ++tries)
+    {
+        std::string path = PathInFolder(m_setting.GetSaveFolder(), name);
+        if (!MakeLocalName(path, size))
+            return {};
+        if (store(path))
+            return path;
+        if (GetLastError() != ERROR_ALREADY_EXISTS)
+            return {};
+    }
+    return {};
 }
 
 DWORD CDownloadRun::CopyProgressProc(LARGE_INTEGER total, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER,

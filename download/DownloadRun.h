@@ -11,6 +11,7 @@
 #include "platform/files/FileCalls.h"
 #include "platform/internet/Internet.h"
 
+#include <functional>
 #include <string>
 
 class CCacheLookup;
@@ -38,8 +39,8 @@ public:
     // Fetches one address by one GET and stores it. True if the exchange reached the body, also if the item was then
     // cancelled or not stored.
     bool FetchByHttp(const std::string& url, HINTERNET internet);
-    // Writes a fetched body into the save folder: the full path of the new file, or empty if nothing was stored. A file
-    // that could not be written whole is removed again.
+    // Writes a fetched body into the save folder: the full path of the new file, or empty if nothing was stored. The
+    // file appears whole, in a place where nothing stands.
     std::string SaveFetchedData(const std::string& name, const void* data, DWORD size);
 
     // The progress routine of a copy; `data` is the run. See CopyFileExA.
@@ -76,6 +77,10 @@ private:
     void EnterSaveFolder();
     Pass DownloadOne(const std::string& url, CCacheLookup& cache, HINTERNET internet);
     void CopyCached(const std::string& url, const INTERNET_CACHE_ENTRY_INFOA& entry);
+    // Has `store` make a file in a place that is free, and in another one where somebody else was faster: the path, or
+    // empty if nothing was stored.
+    std::string StoreInFreePlace(const std::string& name, DWORD size,
+                                 const std::function<bool(const std::string& path)>& store) const;
     void ShowItem(const std::string& from, const std::string& file, DWORD size);
     void ShowFiltered(const std::string& from, const std::string& file);
     bool MayGoOn() const;

@@ -4,7 +4,7 @@
 #include "base/Paths.h"
 #include "download/ProgressFields.h"
 
-#include "platform/files/File.h"
+#include "platform/files/MirrorFile.h"
 #include "platform/system/Memory.h"
 
 #include <algorithm>
@@ -118,17 +118,8 @@ void CDownloadRun::ReceiveBody(HINTERNET request, char* body, DWORD size)
 
 std::string CDownloadRun::SaveFetchedData(const std::string& name, const void* data, DWORD size)
 {
-    std::string path = PathInFolder(m_setting.GetSaveFolder(), name);
-    if (!MakeLocalName(path, size))
-        return {};
-    CFile file;
-    if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
-        return {};
-    const bool written = file.Write(data, size);
-    if (!file.Close() || !written)
-    {
-        DeleteFileA(path.c_str());
-        return {};
-    }
-    return path;
+    return StoreInFreePlace(name, size, [&](const std::string& path) {
+        CMirrorFile file;
+        return file.Open(path, CMirrorFile::Place::Free) && file.Write(data, size) && file.Close();
+    });
 }

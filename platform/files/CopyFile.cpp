@@ -67,7 +67,7 @@ private:
 BOOL CopyFileExA(const char* existingFile, const char* newFile, LPPROGRESS_ROUTINE routine, void* data, BOOL*,
                  DWORD flags)
 {
-    if (flags != 0)
+    if ((flags & ~COPY_FILE_FAIL_IF_EXISTS) != 0)
     {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
@@ -76,5 +76,6 @@ BOOL CopyFileExA(const char* existingFile, const char* newFile, LPPROGRESS_ROUTI
     if (!from.Open(existingFile, CFile::modeRead))
         return FALSE;
     CMirrorFile to;
-    return to.Open(newFile) && Copy(routine, data).Run(from, to) && to.Close();
+    const auto place = flags == 0 ? CMirrorFile::Place::Any : CMirrorFile::Place::Free;
+    return to.Open(newFile, place) && Copy(routine, data).Run(from, to) && to.Close();
 }

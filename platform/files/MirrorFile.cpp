@@ -29,11 +29,13 @@ std::string NameBeside(const std::string& target)
 }
 
 // Why nothing may take the place of what stands at a path; ERROR_SUCCESS if it may, or if nothing stands there.
-DWORD RefusalOf(const std::string& path)
+DWORD RefusalOf(const std::string& path, bool stands, CMirrorFile::Place place)
 {
     CFile file;
     if (path.empty() || path.back() == kPathSeparator)
         return ERROR_ACCESS_DENIED;
+    if (place == CMirrorFile::Place::Free)
+        return stands ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS;
     return file.Open(path, CFile::modeWrite) || GetLastError() == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : GetLastError();
 }
 
@@ -52,16 +54,17 @@ CMirrorFile::~CMirrorFile()
     Abort();
 }
 
-bool CMirrorFile::Open(const std::string& path)
+bool CMirrorFile::Open(const std::string& path, Place place)
 {
     Abort();
-    if (const DWORD refusal = RefusalOf(path); refusal != ERROR_SUCCESS)
+    CFileStatus status;
+    const bool stands = GetStatus(path, status);
+    if (const DWORD refusal = RefusalOf(path, stands, place); refusal != ERROR_SUCCESS)
     {
         SetLastError(refusal);
         return false;
     }
-    CFileStatus status;
-    const bool stands = GetStatus(path, status);
+    m_place = place;
     m_target = stands ? status.m_szFullName : path;
     m_beside = NameBeside(m_target);
     if (!OpenBeside())
@@ -75,38 +78,56 @@ bool CMirrorFile::Open(const std::string& path)
 bool CMirrorFile::OpenBeside()
 {
     m_descriptor = OpenNameless(FolderOf(m_target));
-    m_bNamed = m_descriptor < 0;
-    return !m_bNamed || CFile::Open(m_beside, modeCreate | modeWrite);
+    if (m_descriptor >= 0)
+        return true;
+    if (!CFile::Open(m_beside, modeCreate | modeWrite))
+        return false;
+    m_name = m_beside;
+    return true;
 }
 
-bool CMirrorFile::GiveName()
+bool CMirrorFile::TakeName(const std::string& path)
 {
-    if (m_bNamed)
-        return true;
     const std::string self = "/proc/self/fd/" + std::to_string(m_descriptor);
-    m_bNamed = linkat(AT_FDCWD, self.c_str(), AT_FDCWD, NativePath(m_beside).c_str(), AT_SYMLINK_FOLLOW) == 0;
-    if (!m_bNamed)
+    if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, NativePath(path).c_str(), AT_SYMLINK_FOLLOW) != 0)
+    {
         SetLastErrorFromErrno(errno);
-    return m_bNamed;
+        return false;
+    }
+    m_name = path;
+    return true;
+}
+
+bool CMirrorFile::TakePlace()
+{
+    if (m_place == Place::Free)
+        return TakeFreePlace();
+    return (!m_name.empty() || TakeName(m_beside)) && CFile::Close() && ReplaceFileBy(m_beside, m_target);
+}
+
+// A file without a name takes the free place as its first one, so that no other name is ever left behind.
+bool CMirrorFile::TakeFreePlace()
+{
+    if (m_name.empty())
+        return TakeName(m_target) && CFile::Close();
+    return CFile::Close() && MoveToFreePlace(m_beside, m_target);
 }
 
 bool CMirrorFile::Close()
 {
-    if (GiveName() && CFile::Close() && ReplaceFileBy(m_beside, m_target))
-    {
-        m_bNamed = false;
-        return true;
-    }
+    const bool taken = TakePlace();
     const DWORD error = GetLastError();
+    if (taken)
+        m_name.clear();
     Abort();
     SetLastError(error);
-    return false;
+    return taken;
 }
 
 void CMirrorFile::Abort()
 {
     CFile::Close();
-    if (m_bNamed)
-        DeleteFileA(m_beside.c_str());
-    m_bNamed = false;
+    if (!m_name.empty())
+        DeleteFileA(m_name.c_str());
+    m_name.clear();
 }

@@ -9,26 +9,36 @@
 class CMirrorFile : private CFile
 {
 public:
+    enum class Place
+    {
+        Any,
+        Free, // nothing may stand there, be it a link, neither at Open nor at Close
+    };
+
     CMirrorFile() = default;
     // As Abort.
     ~CMirrorFile();
 
-    // False, with the last error set, if the path names a folder or a file that cannot be written, or if its folder
-    // takes no new file. A link is followed, and a file that stands there hands its permissions on.
-    bool Open(const std::string& path);
+    // False, with the last error set, if the path names a folder or a file that cannot be written, if its folder takes
+    // no new file, or if the place is not free where it has to be: ERROR_ALREADY_EXISTS. A link is followed, and a file
+    // that stands there hands its permissions on.
+    bool Open(const std::string& path, Place place = Place::Any);
     using CFile::Flush;
     using CFile::Write;
-    // Puts the new file into the place of the old one. False, with the last error set, if that cannot be done: the old
-    // one stays.
+    // Puts the new file into its place. False, with the last error set as by Open, if that cannot be done: what stands
+    // there stays.
     bool Close();
     // Drops what was written.
     void Abort();
 
 private:
     bool OpenBeside();
-    bool GiveName();
+    bool TakeName(const std::string& path);
+    bool TakePlace();
+    bool TakeFreePlace();
 
+    Place m_place = Place::Any;
     std::string m_target;
-    std::string m_beside;  // the name on the way, in the folder of the target
-    bool m_bNamed = false; // the new file has that name already
+    std::string m_beside; // the name on the way, in the folder of the target
+    std::string m_name;   // the one that the new file has by now; empty before it has any
 };

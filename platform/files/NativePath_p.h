@@ -9,3 +9,5 @@ std::string PathFromNative(const std::string& native);
 
 // Moves `fresh` to the place of `target` in one step; false with the last error set.
 bool ReplaceFileBy(const std::string& fresh, const std::string& target);
+// The same, but false with ERROR_ALREADY_EXISTS if anything stands there.
+bool MoveToFreePlace(const std::string& fresh, const std::string& target);

@@ -17,11 +17,17 @@ TempHome::TempHome() : m_folder((fs::temp_directory_path() / "vantroy-test-XXXXX
     setenv("VANTROY_HOME", m_folder.c_str(), 1);
 }
 
+TempHome::TempHome(const std::string& folder) : m_folder(folder), m_own(false)
+{
+    setenv("VANTROY_HOME", m_folder.c_str(), 1);
+}
+
 TempHome::~TempHome()
 {
     unsetenv("VANTROY_HOME");
     std::error_code error;
-    fs::remove_all(m_folder, error);
+    if (m_own)
+        fs::remove_all(m_folder, error);
 }
 
 std::string TempHome::Path(const std::string& name) const

@@ -8,6 +8,8 @@ class TempHome
 {
 public:
     TempHome();
+    // The home of another object, in this process or another, which removes it.
+    explicit TempHome(const std::string& folder);
     ~TempHome();
     TempHome(const TempHome&) = delete;
     TempHome& operator=(const TempHome&) = delete;
@@ -24,4 +26,5 @@ public:
 
 private:
     std::string m_folder;
+    bool m_own = true;
 };

@@ -19,9 +19,12 @@ class TestRun final : public CDownloadRun
 public:
     TestRun()
     {
-        m_home.Write("Download/.keep", "");
-        m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
-        m_bRunning = 1;
+        Prepare();
+    }
+    // In the home of another.
+    explicit TestRun(const TempHome& home) : m_home(home.Folder())
+    {
+        Prepare();
     }
 
     // An address of the server that answers with the body.
@@ -64,9 +67,16 @@ public:
     std::vector<std::string> m_stored;           // "address -> name"
     std::function<void()> m_whenShowing = [] {}; // wherever the run shows something
     std::function<void()> m_whenSetup = [] {};
+    std::function<void()> m_whenStored = [] {};
     int m_ends = 0;
 
 private:
+    void Prepare()
+    {
+        m_home.Write("Download/.keep", "");
+        m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
+        m_bRunning = 1;
+    }
     CProgressFields& ProgressFields() override
     {
         m_whenShowing();
@@ -81,6 +91,7 @@ private:
     void OnFileStored(const std::string& url, const std::string& path) override
     {
         m_stored.push_back(url + " -> " + path.substr(path.rfind('/') + 1));
+        m_whenStored();
     }
     void OnFetchEnds() override
     {

@@ -1,20 +1,15 @@
 #include "tests/persist/InCodePage.h"
 
-#include "persist/DownloadSetting.h"
 #include "persist/HistoryStore.h"
 
 #include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
 
-#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <random>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 namespace
 {
@@ -310,52 +305,4 @@ TEST_F(HistoryFilesTest, RunsAtTheSameTimeLoseNothing)
     store.LoadAll();
     ASSERT_EQ(store.GetItems().size(), 1u);
     EXPECT_EQ(store.GetItems()[0].m_files.size(), 2u * kRecords);
-}
-
-TEST_F(HistoryFilesTest, AKillLeavesWholeFiles)
-{
-    CDownloadSetting settings[2];
-    settings[0].m_szSaveFolder.Set(CDownloadSetting::SaveFolder(std::string(500, 'a')));
-    settings[1].m_szSaveFolder.Set(CDownloadSetting::SaveFolder(std::string(10, 'b')));
-    ASSERT_TRUE(settings[1].Save());
-    const std::string second = m_home.Read("config.xml");
-    ASSERT_TRUE(settings[0].Save());
-    const std::string first = m_home.Read("config.xml");
-    CHistoryStore run;
-    CHistoryItem item = ItemOf("page", {});
-    for (int i = 0; i < 200; ++i)
-        item.AddFile(FileOf(std::to_string(i)));
-    run.AddItem(item);
-    for (int i = 0; i < 200; ++i)
-        run.MarkFileDone(std::to_string(i), std::string(200, 'l'));
-
-    std::mt19937 random(20030624);
-    std::uniform_int_distribution<useconds_t> moment(0, 4000);
-    std::size_t records = 0;
-    for (int kill = 0; kill < 200; ++kill)
-    {
-        const pid_t child = fork();
-        if (child == 0)
-        {
-            for (unsigned i = 1;; ++i)
-            {
-                settings[i % 2].Save();
-                run.SaveItems();
-            }
-        }
-        usleep(moment(random));
-        ::kill(child, SIGKILL);
-        waitpid(child, nullptr, 0);
-        const std::string config = m_home.Read("config.xml");
-        ASSERT_TRUE(config == first || config == second) << config;
-        CHistoryStore all;
-        all.LoadAll();
-        const std::size_t found = all.GetItems().empty() ? 0 : all.GetItems()[0].m_files.size();
-        ASSERT_EQ(found % 200, 0u);
-        ASSERT_GE(found, records);
-        // The file would grow beyond what the test has time to read.
-        records = found < 4'000 ? found : 0;
-        if (records == 0)
-            std::filesystem::remove(m_home.Path(kDay));
-    }
 }

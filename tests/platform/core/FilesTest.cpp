@@ -144,6 +144,31 @@ TEST(MirrorFile, RefusesAPlaceThatCannotBeTaken)
     EXPECT_EQ(home.Files("folder"), std::vector<std::string>{"file"});
 }
 
+// Where the place is taken before the start and where it is taken on the way.
+TEST(MirrorFile, LeavesAPlaceAloneThatIsNoLongerFree)
+{
+    const TempHome home;
+    const std::string place = home.Path("folder/place");
+    const auto refused = [&] {
+        CMirrorFile file;
+        return !(file.Open(place, CMirrorFile::Place::Free) && file.Close()) && GetLastError() == ERROR_ALREADY_EXISTS;
+    };
+    home.Write("folder/place", "first");
+    EXPECT_TRUE(refused());
+    std::filesystem::remove(place);
+    std::filesystem::create_symlink(home.Path("nowhere"), place);
+    EXPECT_TRUE(refused());
+    std::filesystem::remove(place);
+    CMirrorFile late;
+    ASSERT_TRUE(late.Open(place, CMirrorFile::Place::Free));
+    std::filesystem::create_symlink(home.Path("nowhere"), place);
+    EXPECT_FALSE(late.Write("x", 1) && late.Close());
+    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+    EXPECT_TRUE(std::filesystem::is_symlink(place));
+    EXPECT_FALSE(home.Exists("nowhere"));
+    EXPECT_EQ(home.Files("folder"), std::vector<std::string>{"place"});
+}
+
 TEST(FileFind, WalksAFolderByName)
 {
     const TempHome home;
@@ -243,6 +268,9 @@ TEST_F(CopyFileTest, ReplacesTheTargetAndReportsEachBlock)
     EXPECT_EQ(watcher.done, (std::vector<std::int64_t>{0, 65536, 2 * 65536, 3 * 65536, 3 * 65536 + 1}));
     EXPECT_TRUE(Copy(nullptr, "from", "to/new"));
     EXPECT_EQ(m_home.Read("to/new"), m_content);
+    const std::string from = m_home.Path("from");
+    EXPECT_FALSE(CopyFileExA(from.c_str(), from.c_str(), nullptr, nullptr, nullptr, COPY_FILE_FAIL_IF_EXISTS));
+    EXPECT_FALSE(CopyFileExA(from.c_str(), m_home.Path("to/x").c_str(), nullptr, nullptr, nullptr, 2));
     EXPECT_TRUE(Copy(nullptr, "from", "from"));
     EXPECT_EQ(m_home.Read("from"), m_content);
 }
