@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 class CCacheLookup;
 class CProgressFields;
@@ -84,5 +85,8 @@ private:
     void ShowItem(const std::string& from, const std::string& file, DWORD size);
     void ShowFiltered(const std::string& from, const std::string& file);
     bool MayGoOn() const;
-    void ReceiveBody(HINTERNET request, char* body, DWORD size);
+    // How many bytes came.
+    DWORD ReceiveBody(HINTERNET request, char* body, DWORD size);
+    // As SaveFetchedData, with zeros up to the size behind what was received.
+    std::string SaveBody(const std::string& name, std::string_view received, DWORD size);
 };

@@ -84,10 +84,10 @@ bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
     const GlobalPtr<char> body(static_cast<char*>(GlobalAlloc(GPTR, *size)));
     if (!body)
         return true;
-    ReceiveBody(request.get(), body.get(), *size);
+    const DWORD received = ReceiveBody(request.get(), body.get(), *size);
     if (*size == 0 || !MayGoOn())
         return true;
-    const std::string stored = SaveFetchedData(ItemNameOf(path), body.get(), *size);
+    const std::string stored = SaveBody(ItemNameOf(path), {body.get(), received}, *size);
     if (!stored.empty())
         OnFileStored(url, stored);
     return true;
@@ -95,7 +95,7 @@ bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
 
 // Bytes that never arrive stay zero. Bytes beyond the promised size are dropped, and so is the connection then: a
 // server could send them for ever.
-void CDownloadRun::ReceiveBody(HINTERNET request, char* body, DWORD size)
+DWORD CDownloadRun::ReceiveBody(HINTERNET request, char* body, DWORD size)
 {
     char block[kBlockSize];
     DWORD count = 0;
@@ -105,21 +105,29 @@ void CDownloadRun::ReceiveBody(HINTERNET request, char* body, DWORD size)
         if (count == 0)
         {
             ProgressFields().SetProgress(size, size);
-            return;
+            break;
         }
         const DWORD taken = std::min(count, size - received);
         std::memcpy(body + received, block, taken);
         received += taken;
         ProgressFields().SetProgress(received, size);
         if (received == size)
-            return;
+            break;
     }
+    return received;
 }
 
 std::string CDownloadRun::SaveFetchedData(const std::string& name, const void* data, DWORD size)
 {
+    return SaveBody(name, {static_cast<const char*>(data), size}, size);
+}
+
+// The zeros are a hole of the file: what a server promises and does not send takes no room on the disk.
+std::string CDownloadRun::SaveBody(const std::string& name, std::string_view received, DWORD size)
+{
     return StoreInFreePlace(name, size, [&](const std::string& path) {
         CMirrorFile file;
-        return file.Open(path, CMirrorFile::Place::Free) && file.Write(data, size) && file.Close();
+        return file.Open(path, CMirrorFile::Place::Free) && file.Write(received.data(), received.size()) &&
+               file.SetLength(size) && file.Close();
     });
 }

@@ -24,6 +24,7 @@ public:
     // that stands there hands its permissions on.
     bool Open(const std::string& path, Place place = Place::Any);
     using CFile::Flush;
+    using CFile::SetLength;
     using CFile::Write;
     // Puts the new file into its place. False, with the last error set as by Open, if that cannot be done: what stands
     // there stays.

@@ -83,14 +83,16 @@ TEST(FetchLoop, NoNameLeadsOutOfTheSaveFolder)
     Names urls;
     for (const char* path : {"/..", "/.", "/", "/%2e%2e%2fx", "/..%5cy", "/a\\..\\b", "/~root", "/-rf"})
         urls.push_back(run.Cached("http://evil" + std::string(path), "e" + std::to_string(urls.size())));
-    urls.push_back(run.Cached("http://evil/" + std::string(300, 'n'), "long"));
+    const std::string longest(255, 'n');
+    urls.push_back(run.Cached("http://evil/" + longest + 'n', "too long"));
+    urls.push_back(run.Cached("http://evil/" + longest, "long"));
     urls.push_back(run.Cached("http://evil/gone.jpg", "gone"));
     run.m_home.Write("Download/taken.jpg/inside", "a folder of that name");
     urls.push_back(run.Cached("http://evil/taken.jpg", "now free"));
-    ASSERT_EQ(std::remove(run.m_home.Path("cache/9").c_str()), 0);
+    ASSERT_EQ(std::remove(run.m_home.Path("cache/10").c_str()), 0);
     run.Download(urls);
-    EXPECT_EQ(run.Saved(),
-              (Names{"%2e%2e%2fx", "-rf", "..%5cy", ".1", "1", "a\\..\\b", "taken.jpg", "taken1.jpg", "~root"}));
+    EXPECT_EQ(run.Saved(), (Names{"%2e%2e%2fx", "-rf", "..%5cy", ".1", "1", "a\\..\\b", longest, "taken.jpg",
+                                  "taken1.jpg", "~root"}));
     EXPECT_EQ(run.m_home.Files(""), (Names{"Download", "cache"}));
     EXPECT_EQ(run.m_ends, 1);
 }
@@ -131,11 +133,18 @@ TEST(FetchLoop, StoresWhatALyingServerPromised)
     }
     TestRun run;
     run.m_server.Serve("/item", HttpAnswer{.body = "half", .contentLength = "8", .stallAfter = 4, .closeEarly = true});
+    run.m_server.Serve("/vast",
+                       HttpAnswer{.body = "vast", .contentLength = "4294967295", .stallAfter = 4, .closeEarly = true});
     run.m_server.Serve("/moved", HttpAnswer{.status = 302, .location = "/x/place"});
     run.Served("/x/place", "moved body");
-    run.Download({run.m_server.Url("/item"), run.m_server.Url("/moved")});
+    run.Download({run.m_server.Url("/item"), run.m_server.Url("/vast"), run.m_server.Url("/moved")});
     EXPECT_EQ(run.Content("item"), half);
     EXPECT_EQ(run.Content("moved"), "moved body");
+    // The promised size, but no room on the disk for what never came.
+    struct stat vast = {};
+    ASSERT_EQ(stat(run.m_home.Path("Download/vast").c_str(), &vast), 0);
+    EXPECT_EQ(vast.st_size, 4294967295);
+    EXPECT_LT(vast.st_blocks, 1000);
 }
 
 TEST(FetchLoop, RefusesShortAddressesAndIgnoresPortAndScheme)

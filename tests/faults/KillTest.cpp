@@ -1,13 +1,8 @@
 // Processes that are killed, and processes side by side.
 #include "Faults.h"
-
-#include "persist/HistoryStore.h"
+#include "Stores.h"
 #include "tests/download/TestRun.h"
 
-#include "platform/system/LastError.h"
-#include "platform/system/Registry.h"
-
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <csignal>
@@ -21,8 +16,6 @@ namespace
 {
 
 constexpr unsigned kItems = 20;
-constexpr unsigned kLines = 100;
-constexpr char kKey[] = "Software\\Faults";
 
 // How far a process says it has come.
 struct Told
@@ -51,61 +44,6 @@ std::string BodyOf(unsigned number)
     return body;
 }
 
-void SetValue(const std::string& name, const std::string& text)
-{
-    HKEY key = HKEY::Null;
-    RegCreateKeyA(HKEY_CURRENT_USER, kKey, &key);
-    RegSetValueExA(key, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                   static_cast<DWORD>(text.size() + 1));
-    RegCloseKey(key);
-}
-
-std::string GetValue(const std::string& name)
-{
-    HKEY key = HKEY::Null;
-    char text[100] = {};
-    DWORD size = sizeof text;
-    if (RegOpenKeyA(HKEY_CURRENT_USER, kKey, &key) != ERROR_SUCCESS)
-        return {};
-    RegQueryValueExA(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size);
-    RegCloseKey(key);
-    return text;
-}
-
-void SaveSettings(unsigned version)
-{
-    CDownloadSetting setting;
-    const auto side = static_cast<LONG>(version);
-    setting.m_bLimitResolution = 1;
-    setting.m_resolutions.Set(std::vector<CResolution>(kLines, CResolution{side, side}));
-    setting.Save();
-}
-
-// The version of the settings that stand there; -1 if they are not of one piece.
-long SettingsVersion()
-{
-    const auto lines = CDownloadSetting().m_resolutions.Get();
-    const bool whole = lines->size() == kLines && std::ranges::count(*lines, lines->front()) == kLines;
-    return whole ? lines->front().m_nWidth : -1;
-}
-
-void SaveHistory(const std::string& page, const std::vector<std::pair<std::string, std::string>>& files)
-{
-    CHistoryStore store;
-    CHistoryItem item;
-    item.SetPageUrl(page);
-    for (const auto& [url, path] : files)
-    {
-        CHistoryFile file;
-        file.SetUrl(url);
-        item.AddFile(file);
-    }
-    store.AddItem(item);
-    for (const auto& [url, path] : files)
-        store.MarkFileDone(url, path);
-    store.SaveItems();
-}
-
 // Downloads, half from the cache and half over HTTP, and saves everything that the program saves, until it is killed.
 void WorkForEver(const TempHome& home, Told& told)
 {
@@ -132,7 +70,7 @@ void WorkForEver(const TempHome& home, Told& told)
         ++told.records;
         SaveSettings(told.settings + 1);
         ++told.settings;
-        SetValue("value", std::to_string(told.values + 1));
+        SetValue(std::to_string(told.values + 1));
         ++told.values;
     }
 }
@@ -189,7 +127,7 @@ void Check(const TempHome& home, Told& told, Tally& tally)
     const unsigned records = RecordsFound();
     ExpectStep(records, told.records, told.records);
     ExpectStep(SettingsVersion(), told.settings, told.settings);
-    ExpectStep(std::atol(GetValue("value").c_str()), told.values, told.values);
+    ExpectStep(std::atol(GetValue().c_str()), told.values, told.values);
     if (records < 300)
         return;
     tally.records += records;
@@ -227,7 +165,7 @@ TEST_P(Kills, LeaveEverythingWholeAndLoseNothing)
     for (unsigned i = 0; i < kItems; ++i)
         home.Write("cache/" + std::to_string(i), BodyOf(i));
     SaveSettings(0);
-    SetValue("value", "0");
+    SetValue("0");
     Shared<Told> told;
     const auto start = [&] {
         return StartChild([&] {
