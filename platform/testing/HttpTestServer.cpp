@@ -50,6 +50,13 @@ bool SendAll(int connection, std::string_view bytes)
     return true;
 }
 
+// Makes the close that follows a reset.
+void Break(int connection)
+{
+    const linger atOnce{1, 0};
+    setsockopt(connection, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+}
+
 // Everything up to the empty line; empty if the client left before it.
 std::string ReceiveHead(int connection)
 {
@@ -120,6 +127,8 @@ struct HttpTestServer::State
         const std::string_view bytes = answer.raw.empty() ? answer.body : answer.raw;
         if (!SendAll(connection, bytes.substr(0, answer.stallAfter)) || answer.stallAfter == SIZE_MAX)
             return;
+        if (answer.reset)
+            Break(connection);
         if (!answer.closeEarly && WaitForRelease(releasesAtStart) && answer.stallAfter < bytes.size())
             SendAll(connection, bytes.substr(answer.stallAfter));
     }

@@ -18,6 +18,7 @@ struct HttpAnswer
     std::string raw = {};               // when not empty, sent instead of all the above, head included
     std::size_t stallAfter = SIZE_MAX;  // body bytes after which the server stops sending until Release or its end
     bool closeEarly = false;            // with stallAfter: closes there instead of stalling
+    bool reset = false;                 // with closeEarly: breaks the connection, which may swallow what was sent
 };
 
 class HttpTestServer

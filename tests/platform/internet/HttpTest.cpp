@@ -3,8 +3,11 @@
 #include "platform/system/LastError.h"
 #include "platform/system/Thread.h"
 #include "platform/testing/HttpTestServer.h"
+#include "platform/testing/TempHome.h"
 
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
@@ -144,6 +147,9 @@ TEST(Http, TellsWhatTheServerSent)
         {"no HTTP", Raw("SSH-2.0-server\r\n"), Failed(ERROR_HTTP_INVALID_SERVER_RESPONSE)},
         {"binary", Raw(std::string(1000, '\0')), Failed(ERROR_HTTP_INVALID_SERVER_RESPONSE)},
         {"nothing", {.raw = "x", .stallAfter = 0, .closeEarly = true}, Failed(ERROR_INTERNET_CONNECTION_ABORTED)},
+        {"reset",
+         {.raw = "x", .stallAfter = 0, .closeEarly = true, .reset = true},
+         Failed(ERROR_INTERNET_CONNECTION_ABORTED)},
         {"cut head", Raw("HTTP/1.0 200 OK\r\nContent-Le"), Failed(ERROR_HTTP_INVALID_SERVER_RESPONSE)},
         {"head flood",
          Raw("HTTP/1.0 200 OK\r\n" + Repeated("X-Flood: " + std::string(1000, 'f') + "\r\n", 400) + "\r\nbody"),
@@ -183,6 +189,8 @@ TEST(Http, FollowsRedirects)
         {"a b\xC3\xBC", {0, "4", "well", 0}},
         {"file:///etc/passwd", Failed(ERROR_HTTP_REDIRECT_FAILED)},
         {"ftp://127.0.0.1/x", Failed(ERROR_HTTP_REDIRECT_FAILED)},
+        {"javascript:alert(1)", Failed(ERROR_HTTP_REDIRECT_FAILED)},
+        {"data:text/plain,x", Failed(ERROR_HTTP_REDIRECT_FAILED)},
         {"http://[/", Failed(ERROR_HTTP_REDIRECT_FAILED)},
         {"/loop", Failed(ERROR_HTTP_REDIRECT_FAILED)},
     };
@@ -197,6 +205,28 @@ TEST(Http, FollowsRedirects)
     }
     for (const std::string& head : server.RequestHeads())
         EXPECT_EQ(head.find("Authorization"), std::string::npos);
+}
+
+TEST(Http, TrustsNoCertificateThatNobodyVouchesFor)
+{
+    const TempHome home;
+    const std::string& folder = home.Folder();
+    const std::string files = " -keyout " + folder + "/key -out " + folder + "/certificate ";
+    const std::string make = "openssl req -x509 -newkey rsa:2048 -nodes -subj /CN=127.0.0.1" + files + "2>/dev/null";
+    if (std::system(make.c_str()) != 0)
+        GTEST_SKIP() << "there is no openssl to make a certificate";
+    const std::string serve =
+        "cd " + folder + " && openssl s_server -accept 127.0.0.1:0 -cert certificate -key key -www -naccept 1 2>&1";
+    FILE* const secure = popen(serve.c_str(), "r");
+    char line[200] = {};
+    while (std::fgets(line, sizeof line, secure) && std::strncmp(line, "ACCEPT ", 7) != 0)
+    {}
+    ASSERT_TRUE(std::strchr(line, ':')) << line;
+    HttpTestServer server;
+    server.Serve("/x", HttpAnswer{.status = 302,
+                                  .location = "https://127.0.0.1:" + std::string(std::strchr(line, ':') + 1, 5) + "/"});
+    EXPECT_EQ(Fetch("/x").Run(), Failed(ERROR_INTERNET_INVALID_CA));
+    pclose(secure);
 }
 
 TEST(Http, SendsTheBareRequest)
