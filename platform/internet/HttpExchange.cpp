@@ -160,9 +160,9 @@ void HttpExchange::OnConnected()
     m_lastArrival = Clock::now();
 }
 
+// A head has to come whole before the silence is over: one that drips would hold its caller for days.
 bool HttpExchange::OnHeadLine(std::string_view line)
 {
-    m_lastArrival = Clock::now();
     return m_head.AddLine(line) != ResponseHead::State::TooLong;
 }
 

@@ -3,9 +3,9 @@
 // Requests are HTTP/1.0 with the handle's user agent and no other header of the program's own, but for the cookies of a
 // handle that asks for them; redirects are followed
 // (at most 10, http and https only), the proxy comes from the environment, certificates are always checked. A
-// connection is limited to 60 s for its making and 30 s of silence, as the desktop's defaults are. A handle may be used
-// by one thread at a time. All operations return 0 or null on failure and set the last error (12000 and up, as
-// published).
+// connection is limited to 60 s for its making and 30 s of silence, as the desktop's defaults are; a head counts as
+// silence until it is whole. A handle may be used by one thread at a time. All operations return 0 or null on failure
+// and set the last error (12000 and up, as published).
 #pragma once
 
 #include "platform/Types.h"

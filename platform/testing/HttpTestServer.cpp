@@ -120,11 +120,21 @@ struct HttpTestServer::State
         return !ending;
     }
 
+    void Drip(int connection, std::string_view bytes, std::chrono::milliseconds pause)
+    {
+        std::unique_lock lock(mutex);
+        for (; !bytes.empty() && SendAll(connection, bytes.substr(0, 1)); bytes.remove_prefix(1))
+            if (changed.wait_for(lock, pause, [this] { return ending; }))
+                return;
+    }
+
     void Send(int connection, const HttpAnswer& answer, int releasesAtStart)
     {
         if (answer.raw.empty() && !SendAll(connection, HeadOf(answer)))
             return;
         const std::string_view bytes = answer.raw.empty() ? answer.body : answer.raw;
+        if (answer.pause.count() > 0)
+            return Drip(connection, bytes, answer.pause);
         if (!SendAll(connection, bytes.substr(0, answer.stallAfter)) || answer.stallAfter == SIZE_MAX)
             return;
         if (answer.reset)

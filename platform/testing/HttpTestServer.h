@@ -3,6 +3,7 @@
 
 #include "platform/Types.h"
 
+#include <chrono>
 #include <cstdint>
 
 #include <memory>
@@ -18,6 +19,7 @@ struct HttpAnswer
     std::string raw = {};               // when not empty, sent instead of all the above, head included
     std::size_t stallAfter = SIZE_MAX;  // body bytes after which the server stops sending until Release or its end
     bool closeEarly = false;            // with stallAfter: closes there instead of stalling
+    std::chrono::milliseconds pause{0}; // behind every byte of what is sent
     bool reset = false;                 // with closeEarly: breaks the connection, which may swallow what was sent
 };
 

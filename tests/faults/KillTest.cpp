@@ -128,7 +128,7 @@ void Check(const TempHome& home, Told& told, Tally& tally)
     ExpectStep(records, told.records, told.records);
     ExpectStep(SettingsVersion(), told.settings, told.settings);
     ExpectStep(std::atol(GetValue().c_str()), told.values, told.values);
-    if (records < 300)
+    if (records < 60)
         return;
     tally.records += records;
     told.records = 0;

@@ -294,6 +294,14 @@ TEST(Http, SilenceEndsTheCall)
     server.Serve("/head", HttpAnswer{.raw = "HTTP/1.0 200 OK\r\n", .stallAfter = 17});
     EXPECT_EQ(Fetch("/body").Run(), (Outcome{0, "9000", std::string(5000, 'b'), ERROR_INTERNET_TIMEOUT}));
     EXPECT_EQ(Fetch("/head").Run(), Failed(ERROR_INTERNET_TIMEOUT));
+    // A head that never ends counts as silence, however often a line of it comes; a body that comes slowly does not.
+    SetHttpLimits({.connect = std::chrono::seconds(10), .silence = std::chrono::milliseconds(500)});
+    server.Serve("/drips", HttpAnswer{.raw = "HTTP/1.0 200 OK\r\n" + Repeated("X:\r\n", 10'000),
+                                      .pause = std::chrono::milliseconds(1)});
+    EXPECT_EQ(Fetch("/drips").Run(), Failed(ERROR_INTERNET_TIMEOUT));
+    const std::string slow(60, 's');
+    server.Serve("/slow", HttpAnswer{.body = slow, .pause = std::chrono::milliseconds(10)});
+    EXPECT_EQ(Fetch("/slow").Run(), (Outcome{0, "60", slow, 0}));
     SetHttpLimits({});
     server.Serve("/late", HttpAnswer{.body = "body", .stallAfter = 2});
     EXPECT_EQ(Fetch("/late").Run([&] { server.Release(); }), (Outcome{0, "4", "body", 0}));
