@@ -22,11 +22,14 @@ std::shared_ptr<WindowRecord> Find(HWND window)
     return WindowTable::Get().Find(window);
 }
 
-// Runs on the user-interface thread with the record of a window that stands; else the answer is the type's zero.
+// Runs on the user-interface thread with the record of a window that stands; else the answer is the type's zero, and
+// nobody is waited for.
 template <class Action>
 auto With(HWND window, Action action)
 {
     decltype(action(std::declval<WindowRecord&>())) answer{};
+    if (!Find(window))
+        return answer;
     RunOnDesktop([&] {
         if (const auto record = Find(window))
             answer = action(*record);

@@ -49,6 +49,7 @@ TEST(Workers, ProgressDoesNotWaitAndTheNewestArrives)
         bar.SendMessage(PBM_SETRANGE32, 0, 0xFFFFFFFF);
         for (WPARAM position = 0; position <= 0xC0000000; position += 0x100000)
             bar.SendMessage(PBM_SETPOS, position);
+        EXPECT_EQ(SendMessageA({}, WM_ASK, 0, 0), 0); // no window, no thread to wait for
         sent = true;
     });
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);

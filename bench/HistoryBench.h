@@ -1,4 +1,0 @@
-// The history at growing sizes, as Markdown tables.
-#pragma once
-
-void BenchHistory(int rounds);
