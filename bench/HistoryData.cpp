@@ -1,16 +1,18 @@
 #include "bench/HistoryData.h"
 
+#include <cstdlib>
+
 namespace
 {
 
 constexpr int kDays = 365;
 
-} // namespace
-
 std::string PageUrl(int page)
 {
     return "http://www.example.com/gallery/" + std::to_string(page) + "/index.php?set=7";
 }
+
+} // namespace
 
 CHistoryItem PageWithFiles(int page, int files)
 {
@@ -33,17 +35,30 @@ void MarkAll(CHistoryStore& store, int pages, int files, const std::string& fold
                                folder + '/' + std::to_string(file) + ".jpg");
 }
 
-void WriteHistory(int pages, int files, const std::string& folder)
+StoredHistory::StoredHistory(int pages, int filesOfPage, Files files) : m_pages(pages), m_filesOfPage(filesOfPage)
 {
     constexpr std::int32_t kFirstDay = 1041422400;
     constexpr std::int32_t kSecondsOfDay = 86400;
     CHistoryStore store;
     for (int page = 0; page < pages; ++page)
     {
-        CHistoryItem item = PageWithFiles(page, files);
-        item.SetTime(kFirstDay + page * kDays / pages * kSecondsOfDay);
+        CHistoryItem item = PageWithFiles(page, filesOfPage);
+        item.SetTime(kFirstDay + static_cast<std::int32_t>(std::int64_t{page} * kDays / pages) * kSecondsOfDay);
         store.AddItem(std::move(item));
     }
-    MarkAll(store, pages, files, folder);
+    MarkAll(store, pages, filesOfPage, m_home.Folder());
     store.SaveItems();
+    if (files == Files::Stored)
+        WriteFiles();
+}
+
+void StoredHistory::Enter() const
+{
+    setenv("VANTROY_HOME", m_home.Folder().c_str(), 1);
+}
+
+void StoredHistory::WriteFiles() const
+{
+    for (int file = 0; file < m_filesOfPage; ++file)
+        m_home.Write(std::to_string(file) + ".jpg", "picture");
 }

@@ -1,19 +1,14 @@
 // The history window at growing sizes, as a user meets it: from the command to the painted window, and from the click
-// on a page to its files. Prints a Markdown table; each figure is the median of several rounds.
-//
-// usage: bench_history_window [ROUNDS]
+// on a page to its files.
 
+#include "bench/Bench.h"
 #include "bench/HistoryData.h"
-#include "bench/Rounds.h"
 #include "historyview/HistoryFrame.h"
 #include "resources/ResourceIds.h"
 #include "resources/Resources.h"
 
 #include "platform/testing/Robot.h"
-#include "platform/testing/TempHome.h"
 #include "platform/window/WinApp.h"
-
-#include <cstdio>
 
 namespace
 {
@@ -42,53 +37,51 @@ void WithWindow(const std::function<void(Robot&)>& script)
         });
 }
 
-void Row(const char* what, int count, int rounds, const std::function<double()>& measure)
+// From the making of the window to a list that answers.
+double TimeOpening()
 {
-    std::vector<double> times;
-    for (int round = 0; round < rounds; ++round)
-        times.push_back(measure());
-    std::printf("| %s %d | %.3f s |\n", what, count, MedianOf(times));
+    const auto start = Clock::now();
+    double seconds = 0;
+    WithWindow([&](Robot& robot) {
+        robot.RowCount(kWindow);
+        seconds = Seconds(Clock::now() - start).count();
+    });
+    return seconds;
 }
 
-void BenchOpening(int rounds)
+// From the key that goes to the page to the list of its files.
+double TimeSelecting()
 {
-    for (const int pages : {1000, 10000, 50000})
-    {
-        const TempHome home;
-        WriteHistory(pages, 3, home.Folder());
-        Row("opening on pages in 365 days:", pages, rounds, [] {
-            const auto start = Clock::now();
-            double seconds = 0;
-            WithWindow([&](Robot& robot) {
-                robot.RowCount(kWindow);
-                seconds = Seconds(Clock::now() - start).count();
-            });
-            return seconds;
+    double seconds = 0;
+    WithWindow([&seconds](Robot& robot) {
+        robot.TreeNodes(kWindow);
+        robot.Key("Home");
+        robot.Key("Down");
+        seconds = TimeOf([&robot] {
+            robot.Key("Down");
+            robot.RowCount(kWindow);
         });
+    });
+    return seconds;
+}
+
+void MeasureOpening()
+{
+    static const StoredHistory histories[] = {{5000, 3}, {50000, 3}};
+    for (const StoredHistory& history : histories)
+    {
+        history.Enter();
+        Record("vantroy", TimeOpening(), history.Pages());
     }
 }
 
-void BenchSelecting(int rounds)
+void MeasureSelecting()
 {
-    for (const int files : {5000, 50000})
+    static const StoredHistory histories[] = {{1, 5000, Files::Stored}, {1, 50000, Files::Stored}};
+    for (const StoredHistory& history : histories)
     {
-        const TempHome home;
-        WriteHistory(1, files, home.Folder());
-        for (int file = 0; file < files; ++file)
-            home.Write(std::to_string(file) + ".jpg", "picture");
-        Row("selecting a page with files:", files, rounds, [] {
-            double seconds = 0;
-            WithWindow([&seconds](Robot& robot) {
-                robot.TreeNodes(kWindow);
-                robot.Key("Home");
-                robot.Key("Down");
-                seconds = TimeOf([&robot] {
-                    robot.Key("Down");
-                    robot.RowCount(kWindow);
-                });
-            });
-            return seconds;
-        });
+        history.Enter();
+        Record("vantroy", TimeSelecting(), history.FilesOfPage());
     }
 }
 
@@ -98,10 +91,7 @@ int main(int argc, char** argv)
 {
     StartTestDesktop(argc, argv);
     AfxSetResources(VantroyResources());
-    const int rounds = RoundsAsked(argc, argv);
-    std::printf("| History window | Time |\n|---|---|\n");
-    BenchOpening(rounds);
-    BenchSelecting(rounds);
+    const int status = RunLines(argc, argv, {{"history-window", MeasureOpening}, {"page-of-files", MeasureSelecting}});
     StopTestDesktop();
-    return 0;
+    return status;
 }

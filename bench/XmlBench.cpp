@@ -1,15 +1,9 @@
-// The XML engine at the work that the history gives it, beside two XML libraries, and the history itself. Prints
-// Markdown tables; each figure is the median of several rounds in turn.
-//
-// usage: bench_persist [ROUNDS]
+// The XML engine at the work that the history gives it, beside two XML libraries.
 
-#include "bench/HistoryBench.h"
-#include "bench/Rounds.h"
+#include "bench/Bench.h"
 #include "persist/XmlDoc.h"
 
-#include <cstdio>
 #include <pugixml.hpp>
-#include <stdexcept>
 #include <string>
 #include <tinyxml2.h>
 
@@ -58,15 +52,14 @@ std::string HistoryText(std::size_t size)
     return text + "</ROOT>\r\n";
 }
 
-void Expect(bool bTrue)
+void ExpectSound(bool bTrue)
 {
-    if (!bTrue)
-        throw std::runtime_error("a reader did not understand the history");
+    Expect(bTrue, "a reader did not understand the history");
 }
 
 void TakeNext(CXmlDoc& doc, const char* name, Harvest& harvest)
 {
-    Expect(doc.FindNextChild(name));
+    ExpectSound(doc.FindNextChild(name));
     harvest.Take(doc.GetChildText());
 }
 
@@ -74,7 +67,7 @@ Harvest ReadOwn(const std::string& text)
 {
     Harvest harvest;
     CXmlDoc doc;
-    Expect(doc.SetText(text.c_str()) && doc.FindNext("ROOT"));
+    ExpectSound(doc.SetText(text.c_str()) && doc.FindNext("ROOT"));
     while (doc.FindNextChild("DOWNLOAD"))
     {
         doc.EnterChild();
@@ -115,7 +108,7 @@ Harvest ReadTinyXml(const std::string& text)
 {
     using Node = const tinyxml2::XMLElement*;
     tinyxml2::XMLDocument doc;
-    Expect(doc.Parse(text.data(), text.size()) == tinyxml2::XML_SUCCESS);
+    ExpectSound(doc.Parse(text.data(), text.size()) == tinyxml2::XML_SUCCESS);
     return WalkTree(
         Node(doc.RootElement()), [](Node node, const char* name) { return node->FirstChildElement(name); },
         [](Node node, const char* name) { return node->NextSiblingElement(name); },
@@ -126,71 +119,48 @@ Harvest ReadPugi(const std::string& text)
 {
     using Node = pugi::xml_node;
     pugi::xml_document doc;
-    Expect(doc.load_buffer(text.data(), text.size()));
+    ExpectSound(doc.load_buffer(text.data(), text.size()));
     return WalkTree(
         doc.document_element(), [](Node node, const char* name) { return node.child(name); },
         [](Node node, const char* name) { return node.next_sibling(name); },
         [](Node node) { return std::string(node.child_value()); });
 }
 
-void BenchReading(int rounds)
+void MeasureReading()
 {
-    const std::string text = HistoryText(kHistorySize);
-    const Harvest whole = ReadOwn(text);
-    std::vector<double> own, tiny, pugi;
-    for (int round = 0; round < rounds; ++round)
-    {
-        own.push_back(TimeOf([&] { Expect(ReadOwn(text) == whole); }));
-        tiny.push_back(TimeOf([&] { Expect(ReadTinyXml(text) == whole); }));
-        pugi.push_back(TimeOf([&] { Expect(ReadPugi(text) == whole); }));
-    }
-    std::printf("| Reading | Vantroy | tinyxml2 | pugixml | Vantroy to tinyxml2 |\n|---|---|---|---|---|\n");
-    std::printf("| history of 20 MB, %zu values | %.3f s | %.3f s | %.3f s | %.2f |\n", whole.values, MedianOf(own),
-                MedianOf(tiny), MedianOf(pugi), MedianOf(own) / MedianOf(tiny));
+    static const std::string text = HistoryText(kHistorySize);
+    static const Harvest whole = ReadOwn(text);
+    const auto measure = [](const char* series, Harvest (*read)(const std::string&)) {
+        Record(series, TimeOf([read] { ExpectSound(read(text) == whole); }));
+    };
+    measure("vantroy", ReadOwn);
+    measure("tinyxml2", ReadTinyXml);
+    measure("pugixml", ReadPugi);
 }
 
 // A document in the order of its text, in records of ten.
 void Build(int elements)
 {
     CXmlDoc doc;
-    Expect(doc.AppendElement("ROOT"));
+    ExpectSound(doc.AppendElement("ROOT"));
     for (int element = 1; element < elements; ++element)
     {
         if (element % 10 == 1)
-            Expect(doc.LeaveElement() == (element > 1) && doc.AppendChild("RECORD") && doc.EnterChild());
+            ExpectSound(doc.LeaveElement() == (element > 1) && doc.AppendChild("RECORD") && doc.EnterChild());
         else
-            Expect(doc.AppendChild("VALUE", "http://www.example.com/picture.jpg"));
+            ExpectSound(doc.AppendChild("VALUE", "http://www.example.com/picture.jpg"));
     }
 }
 
-void BenchBuilding(int rounds)
+void MeasureBuilding()
 {
-    std::printf("\n| Building, in order | Time | For each element |\n|---|---|---|\n");
-    for (const int elements : {10000, 100000})
-    {
-        std::vector<double> times;
-        for (int round = 0; round < rounds; ++round)
-            times.push_back(TimeOf([elements] { Build(elements); }));
-        const double median = MedianOf(times);
-        std::printf("| %d elements | %.4f s | %.0f ns |\n", elements, median, median / elements * 1e9);
-    }
+    for (const int elements : {10000, 30000, 100000})
+        Record("vantroy", TimeOf([elements] { Build(elements); }), elements);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    try
-    {
-        const int rounds = RoundsAsked(argc, argv);
-        BenchReading(rounds);
-        BenchBuilding(rounds);
-        BenchHistory(rounds);
-        return 0;
-    }
-    catch (const std::exception& error)
-    {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    }
+    return RunLines(argc, argv, {{"xml", MeasureReading}, {"xml-building", MeasureBuilding}});
 }

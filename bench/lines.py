@@ -1,0 +1,71 @@
+"""The lines of the table: what is measured, by which program, and what is aimed at."""
+import dataclasses
+
+from aims import AtMost, Beside, Difference, Linear, PlusLimit, Under
+
+BIN = 'build/release/bin'
+
+
+@dataclasses.dataclass
+class Line:
+    name: str
+    title: str
+    program: str
+    how: str  # what the figures are
+    aims: list
+    targets: tuple = ()  # of the build, beside the program itself
+    note: str = ''  # on an aim that is missed: what was measured and tried
+    times: int = 1  # as many rounds as another line
+
+    def __post_init__(self):
+        if not self.targets:
+            self.targets = (self.program,)
+
+    def command(self, rounds):
+        program = f'{BIN}/{self.program}' if self.program in self.targets else f'bench/{self.program}'
+        return [program, str(rounds * self.times), self.name]
+
+
+LINES = [
+    Line('small', '1,000 files of 30 KB over HTTP', 'bench_fetch',
+         'A run of the main dialog with its progress window, from the press of Download Now to its end. The peers: '
+         '`wget -q --no-proxy -i LIST -P FOLDER`, `curl -s --http1.0 --noproxy "*" --create-dirs -K LIST`, '
+         '`aria2c -q --no-conf -j1 -x1 -i LIST -d FOLDER`, from the same server.',
+         [Beside(('wget', 'curl', 'aria2c'), 1.0)]),
+    Line('big', 'one file of 500 MB over HTTP', 'bench_fetch',
+         'The same run and the same `curl`. The memory is the peak of the whole process, less the body.',
+         [Beside(('curl',), 1.1), AtMost('memory above the body', 64, ' MB')]),
+    Line('copies', '2,000 images that the browser holds', 'bench_browser',
+         'The fetch loop over images of 10 KB, each from the browser into a file. The peer calls '
+         '`Page.getResourceContent` for one after the other over a blocking socket, and drops the replies.',
+         [Beside(('bare loop',), 1.1), AtMost('requests at the server', 0)]),
+    Line('harvest', 'a page with 20,000 images and 20,000 links', 'bench_browser',
+         'The walk of a run over the page, as far as the list of addresses. The peer is one `Runtime.evaluate` of both '
+         'collections over a blocking socket, whose reply is dropped.',
+         [Beside(('bare evaluate',), 1.5)]),
+    Line('sleepers', '100 open pages, 5 of them asleep', 'bench_browser',
+         'The list of the pages and the walk over all of them, over a new connection and over the same one again. The '
+         'peer is the same without the 5. They are put to sleep by the browser itself, on its page chrome://discards.',
+         [PlusLimit('asleep, first', 'awake, first', 1.2, 5), Beside(('awake, again',), 1.2, 'asleep, again')]),
+    Line('xml', '20 MB of XML, parsed and walked', 'bench_xml',
+         'A history as one document; every reader copies the same values.',
+         [Beside(('tinyxml2',), 1.0), Beside(('pugixml',), None)]),
+    Line('xml-building', 'XML, built in order', 'bench_xml', 'Elements in records of ten.', [Linear('elements', None)]),
+    Line('history', '`LoadAll` of a history', 'bench_history', 'Pages with 3 files each, in 365 day files.',
+         [Linear('pages', 1.3)]),
+    Line('marks', '`MarkFileDone` in a history', 'bench_history', 'The marking of every file of 100 pages.',
+         [Linear('files', None)]),
+    Line('history-window', 'opening the history window', 'bench_history_window',
+         'From the making of the window to a list that answers; pages with 3 files each, in 365 days.',
+         [Linear('pages', 1.3), Under('pages', 1)]),
+    Line('page-of-files', 'a page in the history window', 'bench_history_window',
+         'From the key that goes to the page to the list of its files, all of which are on the disk.',
+         [Linear('files', 1.3), Under('files', 1)]),
+    Line('start', 'start to the first painted window', 'start',
+         'From the start of the process to the end of the first painting, off-screen; with a browser, it shows 10 pages. '
+         'The peer, `bench_bare_window`, shows an empty window.',
+         [Difference('vantroy', 'bare window', 0.06), Difference('with a browser', 'bare window', 0.06)],
+         targets=('vantroy', 'bench_bare_window', 'bench_first_paint'), times=2),
+    Line('progress', 'progress on and off, one file of 300 MB', 'bench_fetch',
+         'The fetch loop with the progress window on show, and without one.', [Beside(('off',), 1.05, 'on')]),
+]
