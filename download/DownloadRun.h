@@ -10,6 +10,7 @@
 
 #include "platform/files/FileCalls.h"
 #include "platform/internet/Internet.h"
+#include "platform/system/Memory.h"
 
 #include <functional>
 #include <string>
@@ -40,9 +41,9 @@ public:
     // Fetches one address by one GET and stores it. True if the exchange reached the body, also if the item was then
     // cancelled or not stored.
     bool FetchByHttp(const std::string& url, HINTERNET internet);
-    // Writes a fetched body into the save folder: the full path of the new file, or empty if nothing was stored. The
-    // file appears whole, in a place where nothing stands.
-    std::string SaveFetchedData(const std::string& name, const void* data, DWORD size);
+    // Writes a fetched body, which it uses up, into the save folder: the full path of the new file, or empty if nothing
+    // was stored. The file appears whole, in a place where nothing stands.
+    std::string SaveFetchedData(const std::string& name, GlobalPtr<char> data, DWORD size);
 
     // The progress routine of a copy; `data` is the run. See CopyFileExA.
     static DWORD CopyProgressProc(LARGE_INTEGER total, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER, DWORD,
@@ -88,5 +89,5 @@ private:
     // How many bytes came.
     DWORD ReceiveBody(HINTERNET request, char* body, DWORD size);
     // As SaveFetchedData, with zeros up to the size behind what was received.
-    std::string SaveBody(const std::string& name, std::string_view received, DWORD size);
+    std::string SaveBody(const std::string& name, GlobalPtr<char> data, DWORD received, DWORD size);
 };

@@ -5,19 +5,20 @@
 #include "download/ProgressFields.h"
 
 #include "platform/files/MirrorFile.h"
-#include "platform/system/Memory.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace
 {
 
 constexpr std::size_t kShortestUrl = 8;
 constexpr DWORD kBlockSize = 4096;
+constexpr DWORD kWriteSize = 8u << 20;
 
 struct HostAndPath
 {
@@ -57,6 +58,21 @@ std::optional<DWORD> ContentLengthOf(HINTERNET request)
     return static_cast<DWORD>(size);
 }
 
+// What is written is given back as it goes: the machine then takes the same pages for the file, where body and file
+// side by side would need fresh ones for all of it.
+bool WriteUp(CMirrorFile& file, const GlobalPtr<char>& data, DWORD size)
+{
+    for (DWORD done = 0; done < size;)
+    {
+        const DWORD count = std::min(kWriteSize, size - done);
+        if (!file.Write(data.get() + done, count))
+            return false;
+        done += count;
+        GlobalDiscard(data.get(), done);
+    }
+    return true;
+}
+
 } // namespace
 
 bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
@@ -81,13 +97,13 @@ bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
         return false;
     }
     ShowItem(host, path, *size);
-    const GlobalPtr<char> body(static_cast<char*>(GlobalAlloc(GPTR, *size)));
+    GlobalPtr<char> body(static_cast<char*>(GlobalAlloc(GPTR, *size)));
     if (!body)
         return true;
     const DWORD received = ReceiveBody(request.get(), body.get(), *size);
     if (*size == 0 || !MayGoOn())
         return true;
-    const std::string stored = SaveBody(ItemNameOf(path), {body.get(), received}, *size);
+    const std::string stored = SaveBody(ItemNameOf(path), std::move(body), received, *size);
     if (!stored.empty())
         OnFileStored(url, stored);
     return true;
@@ -117,17 +133,22 @@ DWORD CDownloadRun::ReceiveBody(HINTERNET request, char* body, DWORD size)
     return received;
 }
 
-std::string CDownloadRun::SaveFetchedData(const std::string& name, const void* data, DWORD size)
+std::string CDownloadRun::SaveFetchedData(const std::string& name, GlobalPtr<char> data, DWORD size)
 {
-    return SaveBody(name, {static_cast<const char*>(data), size}, size);
+    return SaveBody(name, std::move(data), size, size);
 }
 
-// The zeros are a hole of the file: what a server promises and does not send takes no room on the disk.
-std::string CDownloadRun::SaveBody(const std::string& name, std::string_view received, DWORD size)
+// The zeros are a hole of the file: what a server promises and does not send takes no room on the disk. What is written
+// once is not there for a second time, so a file whose place was taken meanwhile goes to the next one as it is.
+std::string CDownloadRun::SaveBody(const std::string& name, GlobalPtr<char> data, DWORD received, DWORD size)
 {
+    CMirrorFile file;
+    bool written = false;
     return StoreInFreePlace(name, size, [&](const std::string& path) {
-        CMirrorFile file;
-        return file.Open(path, CMirrorFile::Place::Free) && file.Write(received.data(), received.size()) &&
-               file.SetLength(size) && file.Close();
+        if (written)
+            file.SetPlace(path);
+        else if (file.Open(path, CMirrorFile::Place::Free))
+            written = WriteUp(file, data, received) && file.SetLength(size);
+        return written && file.Close();
     });
 }

@@ -110,18 +110,25 @@ bool CMirrorFile::TakeFreePlace()
 {
     if (m_name.empty())
         return TakeName(m_target) && CFile::Close();
-    return CFile::Close() && MoveToFreePlace(m_beside, m_target);
+    return (m_descriptor < 0 || CFile::Close()) && MoveToFreePlace(m_beside, m_target);
 }
 
 bool CMirrorFile::Close()
 {
     const bool taken = TakePlace();
     const DWORD error = GetLastError();
+    if (!taken && m_place == Place::Free && error == ERROR_ALREADY_EXISTS)
+        return false;
     if (taken)
         m_name.clear();
     Abort();
     SetLastError(error);
     return taken;
+}
+
+void CMirrorFile::SetPlace(const std::string& path)
+{
+    m_target = path;
 }
 
 void CMirrorFile::Abort()

@@ -27,8 +27,10 @@ public:
     using CFile::SetLength;
     using CFile::Write;
     // Puts the new file into its place. False, with the last error set as by Open, if that cannot be done: what stands
-    // there stays.
+    // there stays. A file whose free place was taken meanwhile (ERROR_ALREADY_EXISTS) stays open for another one.
     bool Close();
+    // Another free place in the same folder.
+    void SetPlace(const std::string& path);
     // Drops what was written.
     void Abort();
 

@@ -10,14 +10,14 @@ namespace
 
 std::atomic<std::size_t> g_limit{SIZE_MAX};
 
-// A block of hundreds of megabytes that is filled once costs more in page faults than in copying.
-void AskForHugePages(void* block, std::size_t size)
+// Advises on the huge pages that lie wholly in a range.
+void Advise(void* start, std::size_t size, int advice)
 {
     constexpr std::uintptr_t kHugePage = 2u << 20;
-    const auto start = (reinterpret_cast<std::uintptr_t>(block) + kHugePage - 1) & ~(kHugePage - 1);
-    const auto end = (reinterpret_cast<std::uintptr_t>(block) + size) & ~(kHugePage - 1);
-    if (start < end)
-        madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE);
+    const auto first = (reinterpret_cast<std::uintptr_t>(start) + kHugePage - 1) & ~(kHugePage - 1);
+    const auto end = (reinterpret_cast<std::uintptr_t>(start) + size) & ~(kHugePage - 1);
+    if (first < end)
+        madvise(reinterpret_cast<void*>(first), end - first, advice);
 }
 
 } // namespace
@@ -27,9 +27,15 @@ void* GlobalAlloc(UINT flags, std::size_t size)
     if (flags != GPTR || size > g_limit.load(std::memory_order_relaxed))
         return nullptr;
     void* const block = std::calloc(size > 0 ? size : 1, 1);
+    // A block of hundreds of megabytes that is filled once costs more in page faults than in copying.
     if (block)
-        AskForHugePages(block, size);
+        Advise(block, size, MADV_HUGEPAGE);
     return block;
+}
+
+void GlobalDiscard(void* block, std::size_t size)
+{
+    Advise(block, size, MADV_DONTNEED);
 }
 
 void* GlobalFree(void* block)

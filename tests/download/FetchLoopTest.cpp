@@ -56,6 +56,16 @@ TEST(FetchLoop, SendsTheCookiesUnlessTheRegistrySaysNo)
     }
 }
 
+TEST(FetchLoop, ABodyOfSeveralWritesArrivesWhole)
+{
+    TestRun run;
+    std::string body((20u << 20) + 1, '\0');
+    for (std::size_t at = 0; at < body.size(); ++at)
+        body[at] = static_cast<char>((at >> 12) % 251);
+    run.Download({run.Served("/big.mp3", body)});
+    EXPECT_TRUE(run.Content("big.mp3") == body);
+}
+
 TEST(FetchLoop, OverwritesNothingAndStoresNothingTwice)
 {
     TestRun run;
