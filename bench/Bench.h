@@ -2,6 +2,8 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,8 +15,20 @@ using Seconds = std::chrono::duration<double>;
 struct Line
 {
     std::string name;
-    void (*round)();
+    std::function<void()> round;
 };
+
+// The round of a line that needs something which takes long to make: it is made for the first round, and goes when the
+// line is measured.
+template <class Fixture>
+std::function<void()> With(void (*round)(Fixture&))
+{
+    return [round, fixture = std::shared_ptr<Fixture>()]() mutable {
+        if (!fixture)
+            fixture = std::make_shared<Fixture>();
+        round(*fixture);
+    };
+}
 
 // Measures the lines that are named, all without a name, round after round.
 //

@@ -83,32 +83,47 @@ CUrlList Walk(const std::vector<std::string>& pages)
     return urls;
 }
 
-// The same page is there for all rounds.
-struct ImagePage : BrowserPages
+// A page of images, which is opened anew for each round: what the program has copied of a page, it has. All copies stay
+// until the end, for the reason that KeptHome tells.
+class ImagePages : public BrowserPages
 {
-    std::vector<std::string> urls;
-    std::string target;
-
-    ImagePage()
+public:
+    ImagePages() : m_connected(Browser())
     {
-        std::string html;
         for (int image = 0; image < kImages; ++image)
         {
             const std::string path = "/" + std::to_string(image) + ".gif";
             Server().Serve(path, PictureOf(std::string(kImageSize, 'x') + path));
-            html += "<img src='" + path + "'>";
-            urls.push_back(Url(path));
+            m_html += "<img src='" + path + "'>";
+            m_urls.push_back(Url(path));
         }
-        target = Open("/images", html);
     }
+    void OpenAnew()
+    {
+        Close("/images");
+        m_target = Open("/images", m_html);
+    }
+    const std::string& Target() const
+    {
+        return m_target;
+    }
+    const std::vector<std::string>& Urls() const
+    {
+        return m_urls;
+    }
+
+private:
+    const Connected m_connected;
+    std::string m_html;
+    std::string m_target;
+    std::vector<std::string> m_urls;
 };
 
-double TimeRun(const ImagePage& page)
+double TimeRun(const ImagePages& page)
 {
     const TempHome& home = KeptHome();
     BareRun run;
     SetSaveFolder(run, home);
-    const Connected connected(page.Browser());
     const CUrlList urls = Walk({page.Url("/images")});
     Expect(urls.GetCount() == kImages, "the walk did not find every image");
     const double seconds = TimeOf([&] { run.DownloadFiles(urls); });
@@ -116,15 +131,15 @@ double TimeRun(const ImagePage& page)
     return seconds;
 }
 
-double TimeBareLoop(const ImagePage& page)
+double TimeBareLoop(const ImagePages& page)
 {
-    BareProtocol protocol(page.Browser(), page.target);
+    BareProtocol protocol(page.Browser(), page.Target());
     protocol.Call("Page.enable");
     return TimeOf([&] {
-        for (const std::string& url : page.urls)
+        for (const std::string& url : page.Urls())
         {
             const std::string reply = protocol.Call("Page.getResourceContent",
-                                                    "{\"frameId\":\"" + page.target + "\",\"url\":\"" + url + "\"}");
+                                                    "{\"frameId\":\"" + page.Target() + "\",\"url\":\"" + url + "\"}");
             Expect(reply.size() > kImageSize, "the browser does not hold an image");
         }
     });
@@ -136,38 +151,58 @@ std::ptrdiff_t ImageRequests(const HttpTestServer& server)
                                  [](const std::string& line) { return line.find(".gif ") != line.npos; });
 }
 
-void MeasureCopies()
+void MeasureCopies(ImagePages& page)
 {
-    static ImagePage page;
+    page.OpenAnew();
     const auto before = ImageRequests(page.Server());
     Record("vantroy", TimeRun(page));
     Record("requests at the server", static_cast<double>(ImageRequests(page.Server()) - before));
     Record("bare loop", TimeBareLoop(page));
 }
 
-void MeasureHarvest()
+struct LongPage : BrowserPages
 {
-    static BrowserPages pages;
-    static const std::string target = pages.Open("/many", BrowserPages::PageOf(kElements, kElements));
+    const std::string target = Open("/many", PageOf(kElements, kElements));
+};
+
+void MeasureHarvest(LongPage& page)
+{
     {
-        const Connected connected(pages.Browser());
+        const Connected connected(page.Browser());
         Walk({}); // connects
-        Record("vantroy", TimeOf([] {
-                   Expect(Walk({pages.Url("/many")}).GetCount() == 2 * kElements, "the walk missed elements");
+        Record("vantroy", TimeOf([&page] {
+                   Expect(Walk({page.Url("/many")}).GetCount() == 2 * kElements, "the walk missed elements");
                }));
     }
-    BareProtocol protocol(pages.Browser(), target);
-    Record("bare evaluate", TimeOf([&] {
+    BareProtocol protocol(page.Browser(), page.target);
+    Record("bare evaluate", TimeOf([&protocol] {
                const std::string reply = protocol.Evaluate("[[...document.images].map(i => [i.currentSrc, i.width, "
                                                            "i.height]), [...document.links].map(a => [a.href, true])]");
                Expect(reply.size() > std::size_t{2} * kElements, "the browser does not tell");
            }));
 }
 
-std::string PagePath(int number)
+// Pages that stay awake, and their addresses.
+class ManyPages : public BrowserPages
 {
-    return "/page" + std::to_string(number);
-}
+public:
+    ManyPages()
+    {
+        for (int number = 0; number < kAwake; ++number)
+        {
+            const std::string path = "/page" + std::to_string(number);
+            Open(path, PageOf(kElementsOfPage, kElementsOfPage));
+            m_urls.push_back(Url(path));
+        }
+    }
+    const std::vector<std::string>& Urls() const
+    {
+        return m_urls;
+    }
+
+private:
+    std::vector<std::string> m_urls;
+};
 
 // Lists the pages as the main window does, and harvests all of them.
 void ListAndHarvest(const std::vector<std::string>& pages)
@@ -185,28 +220,20 @@ void ListAndHarvest(const std::vector<std::string>& pages)
 }
 
 // The first time with the sleepers waits for them, as long as the limit of one page; from then on they are known.
-void MeasureListing(const BrowserPages& pages, const std::vector<std::string>& urls, const std::string& series)
+void MeasureListing(const ManyPages& pages, const std::string& series)
 {
     const Connected connected(pages.Browser());
-    Record(series + ", first", TimeOf([&] { ListAndHarvest(urls); }));
-    Record(series + ", again", TimeOf([&] { ListAndHarvest(urls); }));
+    Record(series + ", first", TimeOf([&pages] { ListAndHarvest(pages.Urls()); }));
+    Record(series + ", again", TimeOf([&pages] { ListAndHarvest(pages.Urls()); }));
 }
 
-void MeasureSleepers()
+void MeasureSleepers(ManyPages& pages)
 {
-    static BrowserPages pages;
-    static std::vector<std::string> urls;
-    const std::string html = BrowserPages::PageOf(kElementsOfPage, kElementsOfPage);
-    for (int number = static_cast<int>(urls.size()); number < kAwake; ++number)
-    {
-        pages.Open(PagePath(number), html);
-        urls.push_back(pages.Url(PagePath(number)));
-    }
-    MeasureListing(pages, urls, "awake");
+    MeasureListing(pages, "awake");
     for (int number = 0; number < kAsleep; ++number)
-        pages.Open("/asleep" + std::to_string(number), html);
+        pages.Open("/asleep" + std::to_string(number), BrowserPages::PageOf(kElementsOfPage, kElementsOfPage));
     pages.PutToSleep("/asleep", kAsleep);
-    MeasureListing(pages, urls, "asleep");
+    MeasureListing(pages, "asleep");
     pages.Close("/asleep");
 }
 
@@ -217,8 +244,9 @@ int main(int argc, char** argv)
     StartTestDesktop(argc, argv);
     AfxSetResources(VantroyResources());
     CoInitialize(nullptr);
-    const int status =
-        RunLines(argc, argv, {{"copies", MeasureCopies}, {"harvest", MeasureHarvest}, {"sleepers", MeasureSleepers}});
+    const int status = RunLines(
+        argc, argv,
+        {{"copies", With(MeasureCopies)}, {"harvest", With(MeasureHarvest)}, {"sleepers", With(MeasureSleepers)}});
     CoUninitialize();
     StopTestDesktop();
     return status;

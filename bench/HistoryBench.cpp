@@ -9,11 +9,15 @@ namespace
 
 constexpr int kFilesOfPage = 3;
 
-void MeasureLoading()
+struct Histories
 {
-    static const StoredHistory histories[] = {
+    const StoredHistory sizes[4] = {
         {10000, kFilesOfPage}, {30000, kFilesOfPage}, {100000, kFilesOfPage}, {300000, kFilesOfPage}};
-    for (const StoredHistory& history : histories)
+};
+
+void MeasureLoading(Histories& histories)
+{
+    for (const StoredHistory& history : histories.sizes)
     {
         history.Enter();
         CHistoryStore store;
@@ -38,5 +42,5 @@ void MeasureMarking()
 
 int main(int argc, char** argv)
 {
-    return RunLines(argc, argv, {{"history", MeasureLoading}, {"marks", MeasureMarking}});
+    return RunLines(argc, argv, {{"history", With(MeasureLoading)}, {"marks", MeasureMarking}});
 }

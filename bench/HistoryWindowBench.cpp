@@ -65,20 +65,28 @@ double TimeSelecting()
     return seconds;
 }
 
-void MeasureOpening()
+struct Pages
 {
-    static const StoredHistory histories[] = {{5000, 3}, {50000, 3}};
-    for (const StoredHistory& history : histories)
+    const StoredHistory sizes[3] = {{5000, 3}, {15000, 3}, {50000, 3}};
+};
+
+void MeasureOpening(Pages& pages)
+{
+    for (const StoredHistory& history : pages.sizes)
     {
         history.Enter();
         Record("vantroy", TimeOpening(), history.Pages());
     }
 }
 
-void MeasureSelecting()
+struct PagesOfFiles
 {
-    static const StoredHistory histories[] = {{1, 5000, Files::Stored}, {1, 50000, Files::Stored}};
-    for (const StoredHistory& history : histories)
+    const StoredHistory sizes[3] = {{1, 5000, Files::Stored}, {1, 15000, Files::Stored}, {1, 50000, Files::Stored}};
+};
+
+void MeasureSelecting(PagesOfFiles& pages)
+{
+    for (const StoredHistory& history : pages.sizes)
     {
         history.Enter();
         Record("vantroy", TimeSelecting(), history.FilesOfPage());
@@ -91,7 +99,8 @@ int main(int argc, char** argv)
 {
     StartTestDesktop(argc, argv);
     AfxSetResources(VantroyResources());
-    const int status = RunLines(argc, argv, {{"history-window", MeasureOpening}, {"page-of-files", MeasureSelecting}});
+    const int status =
+        RunLines(argc, argv, {{"history-window", With(MeasureOpening)}, {"page-of-files", With(MeasureSelecting)}});
     StopTestDesktop();
     return status;
 }

@@ -126,12 +126,16 @@ Harvest ReadPugi(const std::string& text)
         [](Node node) { return std::string(node.child_value()); });
 }
 
-void MeasureReading()
+struct Text
 {
-    static const std::string text = HistoryText(kHistorySize);
-    static const Harvest whole = ReadOwn(text);
-    const auto measure = [](const char* series, Harvest (*read)(const std::string&)) {
-        Record(series, TimeOf([read] { ExpectSound(read(text) == whole); }));
+    const std::string text = HistoryText(kHistorySize);
+    const Harvest whole = ReadOwn(text);
+};
+
+void MeasureReading(Text& given)
+{
+    const auto measure = [&given](const char* series, Harvest (*read)(const std::string&)) {
+        Record(series, TimeOf([&given, read] { ExpectSound(read(given.text) == given.whole); }));
     };
     measure("vantroy", ReadOwn);
     measure("tinyxml2", ReadTinyXml);
@@ -162,5 +166,5 @@ void MeasureBuilding()
 
 int main(int argc, char** argv)
 {
-    return RunLines(argc, argv, {{"xml", MeasureReading}, {"xml-building", MeasureBuilding}});
+    return RunLines(argc, argv, {{"xml", With(MeasureReading)}, {"xml-building", MeasureBuilding}});
 }

@@ -80,13 +80,15 @@ class AtMost:
 
 @dataclasses.dataclass
 class Linear:
-    """The time for each thing, to that at the size before."""
+    """The time for each thing, to that at the size before, or that of the largest to that of the smallest."""
     things: str
     most: float | None
+    to: str = 'before'
 
     def rows(self, found):
         sizes = found.sizes('vantroy')
-        return [self._row(found, *pair) for pair in zip(sizes[1:], sizes)]
+        pairs = [(sizes[-1], sizes[0])] if self.to == 'smallest' else zip(sizes[1:], sizes)
+        return [self._row(found, *pair) for pair in pairs]
 
     def _row(self, found, size, before):
         ratio = Ratio(found.rounds('vantroy', size), found.rounds('vantroy', before), before / size)

@@ -2,7 +2,7 @@
 import math
 
 WIDTH, HEIGHT = 560, 340
-LEFT, RIGHT, TOP, BOTTOM = 76, 20, 44, 56
+LEFT, RIGHT, TOP, BOTTOM = 76, 44, 44, 56
 
 STYLE = '''
   text { font: 12px sans-serif; fill: #333 }
@@ -37,7 +37,12 @@ class Axis:
         return [10.0 ** power for power in range(self.low, self.high + 1)]
 
 
-def _grid(x, y, time_text):
+def _time(seconds):
+    unit, scale = next((unit for unit in (('s', 1), ('ms', 1e3)) if seconds * unit[1] >= 0.999), ('µs', 1e6))
+    return f'{seconds * scale:,.0f} {unit}'
+
+
+def _grid(x, y):
     parts = []
     for tick in x.ticks():
         at = x.place(tick)
@@ -46,11 +51,11 @@ def _grid(x, y, time_text):
     for tick in y.ticks():
         at = y.place(tick)
         parts += [f'<path class="grid" d="M{LEFT},{at}H{WIDTH - RIGHT}"/>',
-                  f'<text x="{LEFT - 8}" y="{at + 4}" text-anchor="end">{time_text(tick)}</text>']
+                  f'<text x="{LEFT - 8}" y="{at + 4}" text-anchor="end">{_time(tick)}</text>']
     return parts
 
 
-def growth(title, things, points, time_text):
+def growth(title, things, points):
     """`points`: (size, median, least, most) by size, times in seconds. The dashed line is linear growth from the first."""
     first_size, first_time = points[0][:2]
     linear = [(size, first_time * size / first_size) for size, *_ in points]
@@ -62,7 +67,7 @@ def growth(title, things, points, time_text):
 
     parts = [f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {HEIGHT}" width="{WIDTH}" height="{HEIGHT}">',
              f'<style>{STYLE}</style>', f'<title>{title}</title>',
-             f'<text class="title" x="{LEFT}" y="24">{title}</text>', *_grid(x, y, time_text),
+             f'<text class="title" x="{LEFT}" y="24">{title}</text>', *_grid(x, y),
              f'<path class="linear" d="{path(linear)}"/>',
              f'<path class="curve" d="{path([point[:2] for point in points])}"/>']
     for size, median, least, most in points:

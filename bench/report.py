@@ -1,8 +1,6 @@
 """The table, and bench/RESULTS.md around it."""
 import chart
-import machine
 from aims import Linear
-from records import seconds
 
 VERDICTS = {True: 'yes', False: '**no**', None: ''}
 HEAD = ('| Line | | Vantroy | Peer | Ratio, median (spread) | Aim | Met |\n'
@@ -34,7 +32,7 @@ def _picture(line, found):
     for size in found.sizes('vantroy'):
         rounds = found.rounds('vantroy', size)
         points.append((size, found.median('vantroy', size), min(rounds), max(rounds)))
-    return chart.growth(line.title.replace('`', ''), _things(line), points, seconds)
+    return chart.growth(line.title.replace('`', ''), _things(line), points)
 
 
 def _missed(line, found):
@@ -50,11 +48,12 @@ def _section(line, found, rounds):
     return text
 
 
-def write(folder, measured, rounds):
+def write(folder, measured, rounds, machine):
+    """`machine`: rows of (name, value), what the figures were taken on."""
     text = ('# Results\n\nWritten by `bench/run`. Every figure is the median of several rounds; ours and those of the '
             'peers were taken in turn, and\na ratio is that of two figures of the same round. Times of lines with sizes '
             'are compared for each page, file or element.\n\n| Machine | |\n|---|---|\n')
-    text += ''.join(f'| {name} | {value} |\n' for name, value in machine.describe())
+    text += ''.join(f'| {name} | {value} |\n' for name, value in machine)
     text += f'\n{table(measured)}\n## How each figure is taken\n'
     for line, found in measured:
         text += _section(line, found, rounds)
