@@ -84,6 +84,7 @@ std::string BrowserPages::Open(const std::string& path, const std::string& html)
         return found != targets.end() && found->title == kLoaded;
     };
     WaitFor(isLoaded, "a page does not load");
+    BareProtocol(m_browser, target).Evaluate("document.body.offsetHeight"); // laid out, too
     return target;
 }
 
