@@ -4,6 +4,6 @@
 
 const TempHome& KeptHome()
 {
-    static std::list<TempHome> homes;
-    return homes.emplace_back();
+    static auto* const homes = new std::list<TempHome>;
+    return homes->emplace_back();
 }
