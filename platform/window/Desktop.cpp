@@ -115,7 +115,12 @@ bool RunOnDesktop(const std::function<void()>& task)
 bool PostToDesktop(std::function<void()> task)
 {
     Core* core = g_core;
-    return core && core->tasks.Post(std::move(task));
+    if (!core || core->tasks.IsServingThread())
+        return core && core->tasks.Post(std::move(task));
+    return core->tasks.Post([task = std::move(task)] {
+        const CarriedCall carried;
+        task();
+    });
 }
 
 bool IsCarriedCall()

@@ -63,6 +63,24 @@ TEST(Workers, ProgressDoesNotWaitAndTheNewestArrives)
     EXPECT_EQ(bar.SendMessage(PBM_GETPOS), 0xC0000000);
 }
 
+// So a thousand messages are no thousand paints.
+TEST(Workers, WhatAPostedMessageChangesShowsAtTheNextFrame)
+{
+    TestDialog dialog;
+    dialog.Open();
+    Robot robot;
+    std::string shown = "Busy";
+    dialog.m_answers[WM_ASK] = [&](WPARAM, LPARAM) -> LRESULT {
+        SetWindowTextA(dialog.GetDlgItem(IDC_STATUS), "Busy");
+        shown = robot.Text("Status");
+        return 0;
+    };
+    Worker worker([&] { PostMessageA(dialog.m_hWnd, WM_ASK, 0, 0); });
+    worker.Wait();
+    robot.WaitUntil([&] { return robot.Text("Status") == "Busy"; }, "the text");
+    EXPECT_NE(shown, "Busy");
+}
+
 TEST(Workers, AMessageBoxBlocksItsWorkerAlone)
 {
     TestDialog dialog;
