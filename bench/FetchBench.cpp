@@ -95,10 +95,41 @@ double TimeVantroy(const ServedFiles& files, const TempHome& home)
     return Seconds(dialog.m_end - start).count();
 }
 
+// On a thread beside the user interface, as any run.
+double TimeLoop(const ServedFiles& files, const TempHome& home, CProgressFields* fields = nullptr)
+{
+    BareRun run(fields);
+    SetSaveFolder(run, home);
+    CUrlList urls;
+    for (const std::string& path : PathsOf(files))
+        urls.AddTail(UrlOf(path));
+    std::atomic<bool> over = false;
+    double seconds = 0;
+    std::thread worker([&] {
+        seconds = TimeOf([&] { run.DownloadFiles(urls); });
+        over = true;
+    });
+    ServeMessagesUntil([&over] { return over.load(); }, std::chrono::minutes(5));
+    worker.join();
+    ExpectSaved(home, files.count);
+    return seconds;
+}
+
+double TimeWithWindow()
+{
+    CProgressDlg* const window = new CProgressDlg(nullptr); // deletes itself with its window
+    Expect(window->Create(IDD_PROGRESS, nullptr), "no progress window");
+    window->ShowWindow(SW_SHOW);
+    const double seconds = TimeLoop(kMiddle, TempHome(), &window->m_fields);
+    window->DestroyWindow();
+    return seconds;
+}
+
 void MeasureSmall()
 {
     const auto paths = PathsOf(kSmall);
     Record("vantroy", TimeVantroy(kSmall, KeptHome()));
+    Record("without a window", TimeLoop(kSmall, KeptHome()));
     Record("wget", TimeWget(g_server->Port(), paths, KeptHome()));
     Record("curl", TimeCurl(g_server->Port(), paths, KeptHome()));
     Record("aria2c", TimeAria(g_server->Port(), paths, KeptHome()));
@@ -112,40 +143,10 @@ void MeasureBig()
     Record("curl", TimeCurl(g_server->Port(), PathsOf(kBig), TempHome()));
 }
 
-// On a thread beside the user interface, as any run.
-double TimeRun(CProgressFields* fields)
-{
-    const TempHome home;
-    BareRun run(fields);
-    SetSaveFolder(run, home);
-    CUrlList urls;
-    urls.AddTail(UrlOf(PathsOf(kMiddle).front()));
-    std::atomic<bool> over = false;
-    double seconds = 0;
-    std::thread worker([&] {
-        seconds = TimeOf([&] { run.DownloadFiles(urls); });
-        over = true;
-    });
-    ServeMessagesUntil([&over] { return over.load(); }, std::chrono::minutes(5));
-    worker.join();
-    ExpectSaved(home, kMiddle.count);
-    return seconds;
-}
-
-double TimeWithWindow()
-{
-    CProgressDlg* const window = new CProgressDlg(nullptr); // deletes itself with its window
-    Expect(window->Create(IDD_PROGRESS, nullptr), "no progress window");
-    window->ShowWindow(SW_SHOW);
-    const double seconds = TimeRun(&window->m_fields);
-    window->DestroyWindow();
-    return seconds;
-}
-
 void MeasureProgress()
 {
     Record("on", TimeWithWindow());
-    Record("off", TimeRun(nullptr));
+    Record("off", TimeLoop(kMiddle, TempHome()));
 }
 
 } // namespace

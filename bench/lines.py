@@ -30,8 +30,8 @@ LINES = [
     Line('small', '1,000 files of 30 KB over HTTP', 'bench_fetch',
          'A run of the main dialog with its progress window, from the press of Download Now to its end. The peers: '
          '`wget -q --no-proxy -i LIST -P FOLDER`, `curl -s --http1.0 --noproxy "*" --create-dirs -K LIST`, '
-         '`aria2c -q --no-conf -j1 -x1 -i LIST -d FOLDER`, from the same server.',
-         [Beside(('wget', 'curl', 'aria2c'), 1.0)],
+         '`aria2c -q --no-conf -j1 -x1 -i LIST -d FOLDER`, from the same server. Without a window it is the fetch loop alone.',
+         [Beside(('wget', 'curl', 'aria2c'), 1.0), Beside(('wget', 'curl', 'aria2c'), None, 'without a window')],
          note='An item costs the same calls of the machine as in `curl`, which is the library underneath, and one more: the '
               'worker waits until the window shows the texts of the new item. A trace of the calls shows one wake-up of '
               'the window for that and one for the percent, and no other waiting; the window thread paints beside it and '
