@@ -14,7 +14,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 
 class CCacheLookup;
 class CProgressFields;
