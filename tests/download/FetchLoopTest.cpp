@@ -329,7 +329,7 @@ TEST(FetchLoop, ShowsEachItemInTheProgressWindow)
             run.m_server.Release();
             robot.WaitForWindow("Download complete!");
             robot.WaitUntil([&robot] { return robot.IsShown("OK") && !robot.IsShown("Cancel Current"); }, "the end");
-            EXPECT_TRUE(robot.IsShown("100% Complete"));
+            robot.WaitUntil([&robot] { return robot.IsShown("100% Complete"); }, "the percent");
             done = true;
         });
     // A filtered item: where its copy lies, its name with the word joined to it, no size, all done.
