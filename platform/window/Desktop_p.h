@@ -35,7 +35,8 @@ bool RunOnDesktop(const std::function<void()>& task);
 // Runs the task later on the user-interface thread. False if it never will.
 bool PostToDesktop(std::function<void()> task);
 
-// On the user-interface thread: whether a worker's call or posted message is being carried out. Pixels then follow at the next frame.
+// On the user-interface thread: whether a worker's call or posted message is being carried out. Pixels then follow at
+// the next frame.
 bool IsCarriedCall();
 
 // Null while there is no desktop. Any thread.

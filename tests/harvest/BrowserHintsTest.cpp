@@ -17,12 +17,9 @@ TEST(BrowserHints, NameWhatHelps)
               "Chromium, /home/ada/.config/chromium\n    open; pages: 3\nhttp://127.0.0.1:9\n    was reachable and has "
               "been closed: start it again in the same way, or use vantroy-browser.");
     const std::pair<std::vector<BrowserReport>, const char*> cases[] = {
-        {{}, "No browser can be reached."},
-        {{stale, asks, open}, "The browser has no page open."},
-        {{stale, asks}, "The browser asks you"},
-        {{stale, taken}, "The browser is held by another program."},
-        {{taken, asks}, "The browser asks you"},
-        {{stale}, "No browser can be reached."},
+        {{}, "No browser can be reached."},      {{stale, asks, open}, "The browser has no page open."},
+        {{stale, asks}, "The browser asks you"}, {{stale, taken}, "The browser is held by another program."},
+        {{taken, asks}, "The browser asks you"}, {{stale}, "No browser can be reached."},
     };
     for (const auto& [reports, begin] : cases)
         EXPECT_TRUE(EmptyListHint(reports).starts_with(begin)) << EmptyListHint(reports);
