@@ -21,6 +21,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
+#include <vector>
 
 namespace
 {
@@ -78,21 +80,37 @@ void ReadPages(const TempHome& home, const std::string& content)
     Require(!failed || pages.IsEmpty(), "a list that cannot be read has no pages");
 }
 
+std::vector<std::string> KeysOfTheMachine()
+{
+    std::vector<std::string> names;
+    char name[300];
+    DWORD size = sizeof name;
+    for (DWORD i = 0; RegEnumKeyExA(HKEY_LOCAL_MACHINE, i, name, &size, nullptr, nullptr, nullptr, nullptr) == 0; ++i)
+    {
+        names.emplace_back(name);
+        size = sizeof name;
+    }
+    return names;
+}
+
+// A value that is set is read, and the keys beside it stay.
 void ReadRegistry(const TempHome& home, const std::string& content)
 {
+    constexpr const char* kValue = "%1\n=";
     home.Write("registry-machine.ini", content);
+    const std::vector<std::string> keys = KeysOfTheMachine();
     HKEY key = HKEY::Null;
-    char name[16];
-    DWORD size = sizeof name;
-    RegEnumKeyExA(HKEY_LOCAL_MACHINE, 0, name, &size, nullptr, nullptr, nullptr, nullptr);
     if (RegCreateKeyA(HKEY_LOCAL_MACHINE, "a\\[b]#%", &key) != static_cast<LONG>(ERROR_SUCCESS))
         return; // a file that is too long
-    RegSetValueExA(key, "=v", 0, REG_SZ, reinterpret_cast<const BYTE*>("%1\n="), 5);
-    size = sizeof name;
-    RegQueryValueExA(key, "=v", nullptr, nullptr, reinterpret_cast<BYTE*>(name), &size);
-    Require(std::string(name) == "%1\n=", "a value that is set is read");
+    RegSetValueExA(key, "=v", 0, REG_SZ, reinterpret_cast<const BYTE*>(kValue), 5);
+    char text[16] = {};
+    DWORD size = sizeof text;
+    RegQueryValueExA(key, "=v", nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size);
+    Require(std::string(text) == kValue, "a value that is set is read");
     RegCloseKey(key);
-    Require(home.Read("registry-machine.ini").size() >= content.size(), "lines that make no sense are kept");
+    const std::vector<std::string> after = KeysOfTheMachine();
+    for (const std::string& name : keys)
+        Require(std::ranges::find(after, name) != after.end(), "keys stay");
 }
 
 void ReadHead(const std::string& content)
