@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-class TestRun final : public CDownloadRun
+class TestRun : public CDownloadRun
 {
 public:
     TestRun()
@@ -26,6 +26,7 @@ public:
     {
         Prepare();
     }
+    virtual ~TestRun() = default;
 
     // An address of the server that answers with the body.
     std::string Served(const std::string& path, const std::string& body)
