@@ -5,7 +5,7 @@
 #include "app/SideWindows.h"
 #include "base/Paths.h"
 #include "persist/HistoryStore.h"
-#include "resources/Resources.h"
+#include "tests/Application.h"
 
 #include "platform/com/Com.h"
 #include "platform/testing/HttpTestServer.h"
@@ -13,7 +13,6 @@
 #include "platform/testing/MemoryUrlCache.h"
 #include "platform/testing/Robot.h"
 #include "platform/testing/TempHome.h"
-#include "platform/window/WinApp.h"
 
 #include <gtest/gtest.h>
 
@@ -49,20 +48,61 @@ private:
     std::atomic<HWND>& m_window;
 };
 
+// Holds a thread up until the test lets it go.
+class Gate
+{
+public:
+    // Holds up who comes as the nth, and all behind.
+    void Pass(int nth = 1)
+    {
+        std::unique_lock lock(m_mutex);
+        if (++m_calls < nth)
+            return;
+        m_held = true;
+        m_changed.wait(lock, [this] { return m_open; });
+        m_held = false;
+    }
+    void WaitUntilHeld(const Robot& robot)
+    {
+        const auto held = [this] {
+            const std::lock_guard lock(m_mutex);
+            return m_held;
+        };
+        robot.WaitUntil(held, "the run to be held up");
+    }
+    void Open()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_open = true;
+        m_changed.notify_all();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    int m_calls = 0;
+    bool m_held = false;
+    bool m_open = false;
+};
+
+using Names = std::vector<std::string>;
+
+inline constexpr const char* kMainWindow = "Vantroy";
+inline constexpr const char* kDownloading = "Download files now...";
+inline constexpr const char* kComplete = "Download complete!";
+
 class AppTest : public testing::Test
 {
 protected:
     AppTest()
     {
-        static CWinApp application;
-        AfxSetResources(VantroyResources());
+        StartApplication();
         m_home.Write("Download/.keep", "");
     }
 
     // Runs the dialog; the script ends it, or it is closed when the script is over.
-    template <class Dialog = CMainDlg>
-    void Run(
-        const std::function<void(Robot&)>& script, const std::function<void(Dialog&)>& prepare = [](Dialog&) {})
+    template <class Dialog>
+    void Run(const std::function<void(Robot&)>& script, const std::function<void(Dialog&)>& prepare)
     {
         RunScript(
             [&prepare, this] {
@@ -87,6 +127,38 @@ protected:
                 PostMessageA(m_window, WM_CLOSE, 0, 0);
             });
         EXPECT_EQ(m_browser.LiveObjects(), 0);
+    }
+
+    // The main dialog, with the script from the moment on when it is on show.
+    void RunMain(
+        const std::function<void(Robot&)>& script, const std::function<void(CMainDlg&)>& prepare = [](CMainDlg&) {})
+    {
+        Run<CMainDlg>(
+            [&script](Robot& robot) {
+                robot.WaitForWindow(kMainWindow);
+                script(robot);
+            },
+            prepare);
+    }
+    // Presses the button at the end of a run, which closes its window.
+    static void Finish(Robot& robot, const char* title = kComplete)
+    {
+        robot.WaitForWindow(title);
+        robot.Press("OK", title);
+        robot.WaitForNoWindow(title);
+    }
+    // Holds the worker up where it asks a page for its images.
+    void HoldWalk(Gate& gate)
+    {
+        m_browser.SetHook([&gate](const std::string& call) {
+            if (call == "IHTMLDocument2::get_images")
+                gate.Pass();
+        });
+    }
+    // Holds it up within the bytes of its first item, whose own texts come first.
+    void HoldItem(Gate& gate)
+    {
+        m_whenShowing = [&gate] { gate.Pass(10); };
     }
 
     // A page of the browser with these images.
@@ -134,40 +206,3 @@ protected:
     std::function<void()> m_whenShowing;
     std::atomic<HWND> m_window{HWND{}}; // of the dialog, from its start on
 };
-
-// Holds a thread up until the test lets it go.
-class Gate
-{
-public:
-    void Pass()
-    {
-        std::unique_lock lock(m_mutex);
-        m_held = true;
-        m_changed.notify_all();
-        m_changed.wait(lock, [this] { return m_open; });
-        m_held = false;
-    }
-    bool IsHeld()
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_held;
-    }
-    void Open()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_open = true;
-        m_changed.notify_all();
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    bool m_held = false;
-    bool m_open = false;
-};
-
-using Names = std::vector<std::string>;
-
-inline constexpr const char* kMainWindow = "Vantroy";
-inline constexpr const char* kDownloading = "Download files now...";
-inline constexpr const char* kComplete = "Download complete!";

@@ -17,7 +17,6 @@ protected:
     }
     static void Choose(Robot& robot, const std::string& entry)
     {
-        robot.WaitForWindow(kMainWindow);
         robot.Press("Help", kMainWindow);
         robot.ChooseMenu(entry);
     }
@@ -38,7 +37,7 @@ TEST_F(Help, LeadsToTheDesktopsPrograms)
         {"Visit Vantroy Home Page", "http://www.vantroy.example/vantroy"},
         {"E-Mail Support", "mailto:support@vantroy.example"},
     };
-    Run([&](Robot& robot) {
+    RunMain([&](Robot& robot) {
         for (const auto& [entry, target] : cases)
         {
             Choose(robot, entry);
@@ -59,7 +58,7 @@ TEST_F(Help, NamesTheManualOfTheInstallFolder)
     for (const char* end : {"", "/", "//"})
     {
         setenv("VANTROY_HOME", (m_home.Folder() + end).c_str(), 1);
-        Run([](Robot& robot) { Choose(robot, "User Manual"); });
+        RunMain([](Robot& robot) { Choose(robot, "User Manual"); });
         EXPECT_EQ(named, m_home.Path("vantroy.chm"));
     }
 }
@@ -67,7 +66,7 @@ TEST_F(Help, NamesTheManualOfTheInstallFolder)
 TEST_F(Help, IsSilentWhereThereIsNothing)
 {
     const RecordingPrograms none(m_home, {});
-    Run([](Robot& robot) {
+    RunMain([](Robot& robot) {
         for (const char* entry : {"User Manual", "User Manual", "Visit Vantroy Home Page", "E-Mail Support"})
             Choose(robot, entry);
         EXPECT_EQ(robot.Windows(), Names{kMainWindow});
@@ -77,7 +76,7 @@ TEST_F(Help, IsSilentWhereThereIsNothing)
 
 TEST_F(Help, OpensItsDialogsOverTheWindow)
 {
-    Run([this](Robot& robot) {
+    RunMain([this](Robot& robot) {
         for (const auto& [entry, title] : {std::pair("About", kAbout), {"Check for New Version...", kVersion}})
         {
             Choose(robot, entry);

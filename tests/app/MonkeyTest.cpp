@@ -74,8 +74,7 @@ TEST_F(Monkey, BreaksNothing)
     while (acts < Acts())
     {
         ++starts;
-        Run([&](Robot& robot) {
-            robot.WaitForWindow(kMainWindow);
+        RunMain([&](Robot& robot) {
             robot.Key("Alt+D");
             for (; acts < Acts() && IsWindow(m_window); ++acts)
             {

@@ -3,7 +3,6 @@
 #include "app/RunMode.h"
 #include "resources/ResourceIds.h"
 
-#include <atomic>
 #include <climits>
 
 namespace
@@ -17,12 +16,6 @@ protected:
     {
         m_browser.SetWindows({Page(L"http://page/", L"Page", {first, second})});
     }
-    static void FinishRun(Robot& robot)
-    {
-        robot.WaitForWindow(kComplete);
-        robot.Press("OK", kComplete);
-        robot.WaitForNoWindow(kComplete);
-    }
     static void WaitUntilEnabled(Robot& robot)
     {
         robot.WaitUntil([&robot] { return robot.IsEnabled("Download Now", kMainWindow); }, "Download Now");
@@ -35,7 +28,6 @@ TEST(RunModes, AreFoundAnywhereInTheLine)
 {
     const std::pair<const char*, RunMode> cases[] = {
         {"\"\\opt\\vantroy\"", RunMode::Plain},
-        {"\"\\opt\\vantroy\" /all", RunMode::All},
         {"\"\\opt\\vantroy\" /current", RunMode::Current},
         {"\"\\opt\\vantroy\" /current /all", RunMode::All},
         {"\"\\opt\\vantroy\" /ALL", RunMode::Plain},
@@ -54,17 +46,16 @@ TEST_F(MainRun, BringsTheFilesOfTheTickedPages)
     m_cache.Add("http://h/c.gif", m_home.Path("copy"));
     m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a.jpg", "one"), "http://h/c.gif"}),
                           Page(L"http://two/", L"Two", {Served("/b.jpg", "two")})});
-    Run([this](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([this](Robot& robot) {
         robot.Tick(1);
         robot.Key("Alt+D");
         robot.WaitForWindow(kComplete);
         EXPECT_EQ(robot.LayoutFaults(kComplete), "");
         EXPECT_EQ(Saved(), (Names{"a.jpg", "c.gif"}));
-        FinishRun(robot);
+        Finish(robot);
         robot.Tick(1);
         robot.Press("Download Now");
-        FinishRun(robot);
+        Finish(robot);
         EXPECT_EQ(Saved(), (Names{"a.jpg", "b.jpg", "c.gif"}));
         WaitUntilEnabled(robot);
     });
@@ -75,8 +66,7 @@ TEST_F(MainRun, BringsTheFilesOfTheTickedPages)
 TEST_F(MainRun, SaysWhenThereIsNothingToDownload)
 {
     m_browser.SetWindows({Page(L"http://one/", L"One")});
-    Run([](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([](Robot& robot) {
         robot.Press("Download Now");
         EXPECT_EQ(robot.MessageBoxText(), "No files to download.");
         robot.Answer("OK");
@@ -88,8 +78,7 @@ TEST_F(MainRun, SaysWhenThereIsNothingToDownload)
 TEST_F(MainRun, ComesBackToIdleWhenTheBrowserFails)
 {
     OpenPage(Served("/a", "a"), Served("/b", "b"));
-    Run([this](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([this](Robot& robot) {
         for (const char* call : {"CoCreateInstance", "IShellWindows::get_Count", "IShellWindows::Item"})
         {
             m_browser.Fail(call, RPC_E_DISCONNECTED);
@@ -99,7 +88,7 @@ TEST_F(MainRun, ComesBackToIdleWhenTheBrowserFails)
         }
         m_browser.ClearFailure();
         robot.Press("Download Now");
-        FinishRun(robot);
+        Finish(robot);
     });
     EXPECT_EQ(Saved(), (Names{"a", "b"}));
 }
@@ -123,7 +112,6 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
         for (const bool cancelAll : {false, true})
         {
             Gate gate;
-            std::atomic<int> shown = 0;
             MemoryUrlCache cache;
             cache.Add(cached, m_home.Path("copy"));
             if (item == Item::Lookup)
@@ -132,18 +120,17 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
                         gate.Pass();
                 });
             else
-                m_whenShowing = [&gate, &shown] {
-                    // The item's own texts come first; this is well within its bytes.
-                    if (++shown == 10)
-                        gate.Pass();
-                };
+                HoldItem(gate);
             OpenPage(item == Item::Body ? m_server.Url("/first") : cached, second);
-            Run([&](Robot& robot) {
-                robot.WaitForWindow(kMainWindow);
+            RunMain([&](Robot& robot) {
                 robot.Press("Download Now");
-                robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the item to be held up");
+                gate.WaitUntilHeld(robot);
                 if (cancelAll)
                 {
+                    robot.CloseWindow(kDownloading);
+                    robot.Answer("No"); // changes nothing
+                    robot.Key("Esc");
+                    robot.Answer("No");
                     robot.Press("Cancel All", kDownloading);
                     EXPECT_EQ(robot.MessageBoxText(), "Are you sure you want to cancel current download task?");
                     robot.Answer("Yes");
@@ -156,7 +143,7 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
                 {
                     robot.Press("Cancel Current", kDownloading);
                     gate.Open();
-                    FinishRun(robot);
+                    Finish(robot);
                 }
             });
             // A look-up cannot be stopped, but the copy that follows it stops at its first poll.
@@ -172,41 +159,14 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
     EXPECT_EQ(History(), "http://page/: second>second second>second first>first second>second; ");
 }
 
-TEST_F(MainRun, ANoChangesNothing)
-{
-    Gate gate;
-    std::atomic<int> shown = 0;
-    m_whenShowing = [&] {
-        if (++shown == 5)
-            gate.Pass();
-    };
-    OpenPage(Served("/a", "a"), Served("/b", "b"));
-    Run([&gate](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
-        robot.Press("Download Now");
-        robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the run to be held up");
-        robot.CloseWindow(kDownloading);
-        robot.Answer("No");
-        robot.Key("Esc");
-        robot.Answer("No");
-        gate.Open();
-        FinishRun(robot);
-    });
-    EXPECT_EQ(Saved(), (Names{"a", "b"}));
-}
-
 TEST_F(MainRun, ASecondStartWaitsUntilTheOldWorkerHasLeft)
 {
     Gate gate;
-    m_browser.SetHook([&gate](const std::string& call) {
-        if (call == "IHTMLDocument2::get_images")
-            gate.Pass();
-    });
+    HoldWalk(gate);
     OpenPage(Served("/a", "a"), Served("/b", "b"));
-    Run([&gate](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([&gate](Robot& robot) {
         robot.Press("Download Now");
-        robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the walk to be held up");
+        gate.WaitUntilHeld(robot);
         EXPECT_FALSE(robot.IsEnabled("Download Now"));
         EXPECT_FALSE(robot.IsShown("Cancel All")) << "the progress window waits for the end of the walk";
         robot.Tick(0);
@@ -215,9 +175,9 @@ TEST_F(MainRun, ASecondStartWaitsUntilTheOldWorkerHasLeft)
         EXPECT_EQ(robot.MessageBoxText(), "Terminating download thread now, please try again.");
         robot.Answer("OK");
         gate.Open();
-        FinishRun(robot);
+        Finish(robot);
         robot.Press("Download Now");
-        FinishRun(robot);
+        Finish(robot);
     });
 }
 
@@ -225,8 +185,7 @@ TEST_F(MainRun, LeavesInTheMiddleOfARun)
 {
     m_server.Serve("/stalls", HttpAnswer{.body = std::string(100000, 's'), .stallAfter = 50000});
     OpenPage(m_server.Url("/stalls"), Served("/b", "b"));
-    Run([](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([](Robot& robot) {
         robot.Press("Download Now");
         robot.WaitForWindow(kDownloading);
         robot.WaitUntil([&robot] { return robot.ProgressPercent(kDownloading) >= 40; }, "the stall");
@@ -250,8 +209,7 @@ TEST_F(MainRun, StartsAndLeavesManyTimes)
         };
         m_browser.SetHook([&](const std::string&) { leaveAt(); });
         m_whenShowing = leaveAt;
-        Run([&](Robot& robot) {
-            robot.WaitForWindow(kMainWindow);
+        RunMain([&](Robot& robot) {
             calls = 0;
             PostMessageA(m_window, WM_COMMAND, IDC_DOWNLOAD, 0);
             robot.WaitUntil([&robot, this] { return !IsWindow(m_window) || robot.IsShown("OK", kComplete); },

@@ -51,16 +51,13 @@ TEST_F(Setup, ARunWithoutItsFolderTakesTheOneFromTheSheet)
         robot.WaitForWindow(kSheet);
         robot.Type("Save Folder", m_home.Path("new"), kSheet);
         robot.Press("OK", kSheet);
-        robot.WaitForWindow(kComplete);
-        robot.Press("OK", kComplete);
-        robot.WaitForNoWindow(kComplete);
+        Finish(robot);
         EXPECT_EQ(m_home.Files("new"), (Names{"a.jpg", "c.gif"}));
         for (const std::string& name : m_home.Files("new"))
             std::remove(m_home.Path("new/" + name).c_str());
     };
-    Run<CMainDlg>(
+    RunMain(
         [&](Robot& robot) {
-            robot.WaitForWindow(kMainWindow);
             robot.Press("Download Now");
             repair(robot);
         },
@@ -71,23 +68,18 @@ TEST_F(Setup, ARunWithoutItsFolderTakesTheOneFromTheSheet)
 TEST_F(Setup, AChangeTakesHoldAtTheNextItemOfTheRun)
 {
     Gate gate;
-    std::atomic<int> shown = 0;
-    m_whenShowing = [&] {
-        if (++shown == 3)
-            gate.Pass();
-    };
-    m_browser.SetWindows({Page(L"http://page/", L"Page", {Served("/first", "a"), Served("/second", "b")})});
-    Run([&](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    HoldItem(gate);
+    m_browser.SetWindows(
+        {Page(L"http://page/", L"Page", {Served("/first", std::string(1 << 20, 'a')), Served("/second", "b")})});
+    RunMain([&](Robot& robot) {
         robot.Press("Download Now");
-        robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the first item to be held up");
+        gate.WaitUntilHeld(robot);
         robot.Press("Setup...", kMainWindow);
         robot.Press("Limit Download File Size", kSheet);
         robot.Press("OK", kSheet);
         robot.WaitForNoWindow(kSheet);
         gate.Open();
-        robot.WaitForWindow(kComplete);
-        robot.Press("OK", kComplete);
+        Finish(robot);
     });
     EXPECT_EQ(Saved(), Names{"first"});
 }
@@ -98,15 +90,11 @@ TEST_F(Setup, TheWorkersSheetStandsBesideTheUsers)
     for (const bool leaves : {false, true})
     {
         Gate gate;
-        m_browser.SetHook([&gate](const std::string& call) {
-            if (call == "IHTMLDocument2::get_images")
-                gate.Pass();
-        });
-        Run<CMainDlg>(
+        HoldWalk(gate);
+        RunMain(
             [&](Robot& robot) {
-                robot.WaitForWindow(kMainWindow);
                 robot.Press("Download Now");
-                robot.WaitUntil([&gate] { return gate.IsHeld(); }, "the walk to be held up");
+                gate.WaitUntilHeld(robot);
                 robot.Press("Setup...", kMainWindow);
                 robot.WaitForWindow(kSheet);
                 robot.Press("MP3 Music", kSheet);
@@ -122,8 +110,7 @@ TEST_F(Setup, TheWorkersSheetStandsBesideTheUsers)
                 robot.WaitForNoWindow(kSheet);
                 if (leaves)
                     return;
-                robot.WaitForWindow(kComplete);
-                robot.Press("OK", kComplete);
+                Finish(robot);
                 EXPECT_EQ(Saved(), (Names{"a.jpg", "c.gif"}));
             },
             [this](CMainDlg& dialog) { LoseFolder(dialog); });

@@ -22,8 +22,7 @@ protected:
 
 TEST_F(SideWindows, TheHistoryStandsBesideTheDialogOnce)
 {
-    Run([this](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([this](Robot& robot) {
         robot.Press("View History", kMainWindow);
         robot.WaitForWindow(kHistory);
         EXPECT_EQ(robot.TreeNodes(kHistory), Names{kHistory});
@@ -48,8 +47,7 @@ TEST_F(SideWindows, TheHistoryStandsBesideTheDialogOnce)
 TEST_F(SideWindows, TheAdvancedCommandsStandBesideTheDialogOnce)
 {
     m_home.Write("registry-classes.ini", "");
-    Run([this](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([this](Robot& robot) {
         const auto open = [&] {
             SendMessageA(m_window, WM_COMMAND, IDC_ADVANCED, 0);
             robot.WaitForWindow(kAdvanced);

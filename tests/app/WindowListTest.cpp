@@ -1,15 +1,10 @@
 #include "AppTest.h"
 
-#include "resources/ResourceIds.h"
-
 #include "platform/com/Unknown.h"
 
-using Names = std::vector<std::string>;
 using Kind = MemoryWindow::Kind;
 
-class WindowList : public AppTest
-{
-};
+using WindowList = AppTest;
 
 TEST_F(WindowList, ShowsEachPageWithTitleAddressAndTick)
 {
@@ -21,8 +16,7 @@ TEST_F(WindowList, ShowsEachPageWithTitleAddressAndTick)
                           {Kind::NotHtml, L"http://xml/", L"Xml", {}, {}},
                           Page(L"about:blank", L"图片"),
                           Page(L"http://one/", L"One")});
-    Run([](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([](Robot& robot) {
         EXPECT_EQ(robot.Columns(), (Names{"Browser Window Title", "Current URL"}));
         const Names expected = {"One|http://one/", "无标题|http://two/", "图片|about:blank", "One|http://one/"};
         ASSERT_EQ(robot.RowCount(), 4);
@@ -39,11 +33,10 @@ TEST_F(WindowList, ShowsEachPageWithTitleAddressAndTick)
 TEST_F(WindowList, TheDownloadButtonFollowsTheTicks)
 {
     m_browser.SetWindows({Page(L"http://one/", L"One"), Page(L"http://two/", L"Two")});
-    Run([](Robot& robot) {
+    RunMain([](Robot& robot) {
         const auto enabled = [&robot](bool on) {
             robot.WaitUntil([&robot, on] { return robot.IsEnabled("Download Now") == on; }, "the button to follow");
         };
-        robot.WaitForWindow(kMainWindow);
         robot.Tick(0);
         enabled(true);
         robot.Tick(1);
@@ -68,8 +61,7 @@ TEST_F(WindowList, TheDownloadButtonFollowsTheTicks)
 TEST_F(WindowList, IsEmptyWithoutABrowserAndFilledByARefresh)
 {
     setenv("VANTROY_BROWSER", "/nowhere", 1);
-    Run([this](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([this](Robot& robot) {
         EXPECT_TRUE(robot.ListHint().starts_with("No browser can be reached. Start one with vantroy-browser"));
         EXPECT_EQ(robot.RowCount(), 0);
         EXPECT_FALSE(robot.IsEnabled("Download Now"));
@@ -92,8 +84,7 @@ TEST_F(WindowList, KeepsWhatItReadBeforeTheBrowserFailed)
 {
     m_browser.SetWindows(
         {Page(L"http://one/", L"One"), Page(L"http://two/", L"Two"), Page(L"http://three/", L"Three")});
-    Run([this](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([this](Robot& robot) {
         m_browser.Fail("IShellWindows::Item", RPC_E_DISCONNECTED, 2);
         robot.Press("Refresh List");
         robot.WaitUntil([&robot] { return robot.RowCount() == 1; }, "the one row");
@@ -126,21 +117,20 @@ TEST_F(WindowList, StaysWithoutColumnsWhenTheStartFails)
     for (const char* call : {"CoCreateInstance", "OleRun", "QueryInterface IShellWindows"})
     {
         m_browser.Fail(call, E_FAIL);
-        Run([&](Robot& robot) { nothingWorks(robot, "Error creating ie doc window!"); });
+        Run<CMainDlg>([&](Robot& robot) { nothingWorks(robot, "Error creating ie doc window!"); }, [](CMainDlg&) {});
     }
     m_browser.ClearFailure();
     ResourceTable withoutProgress = VantroyResources();
     withoutProgress.dialogs = withoutProgress.dialogs.first(1);
     AfxSetResources(withoutProgress);
-    Run([&](Robot& robot) { nothingWorks(robot, "Error creating progress window!"); });
+    Run<CMainDlg>([&](Robot& robot) { nothingWorks(robot, "Error creating progress window!"); }, [](CMainDlg&) {});
     AfxSetResources(VantroyResources());
 }
 
 TEST_F(WindowList, EverythingIsWithinReachOfTheKeyboard)
 {
     m_browser.SetWindows({Page(L"http://one/", L"One")});
-    Run([](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([](Robot& robot) {
         Names walk = {robot.FocusName()};
         for (int i = 0; i < 8; ++i)
         {
@@ -161,17 +151,8 @@ TEST_F(WindowList, EverythingIsWithinReachOfTheKeyboard)
         robot.Key("Alt+E");
         robot.WaitForNoWindow(kMainWindow);
     });
-    Run([](Robot& robot) {
-        robot.WaitForWindow(kMainWindow);
+    RunMain([](Robot& robot) {
         robot.Key("Esc");
         robot.WaitForNoWindow(kMainWindow);
     });
-}
-
-TEST_F(WindowList, AnswersWithItsIcon)
-{
-    LRESULT icon = 0;
-    Run<CMainDlg>([](Robot& robot) { robot.WaitForWindow(kMainWindow); },
-                  [&icon](CMainDlg& dialog) { icon = dialog.WindowProc(WM_QUERYDRAGICON, 0, 0); });
-    EXPECT_EQ(icon, IDI_APPLICATION_ICON);
 }

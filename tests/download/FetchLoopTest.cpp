@@ -116,6 +116,7 @@ TEST(FetchLoop, StoresWhatALyingServerPromised)
         {"no digits", {.body = "body", .contentLength = "four"}, {}},
         {"negative", {.body = "body", .contentLength = "-4"}, {}},
         {"more than 32 bits", {.body = "body", .contentLength = "4294967296"}, {}},
+        {"far more", {.body = "body", .contentLength = "99999999999999999999999"}, {}},
         {"a longer body", {.body = "body and more", .contentLength = "4"}, "body"},
         {"an error page", {.status = 404, .body = "not here"}, "not here"},
         {"a move", {.status = 302, .location = "/x/place"}, "moved body"},
@@ -158,6 +159,19 @@ TEST(FetchLoop, RefusesShortAddressesAndIgnoresPortAndScheme)
     InternetCloseHandle(internet);
     EXPECT_EQ(run.Saved(), (Names{"p", "y.jpg"}));
     EXPECT_EQ(run.m_server.Requests(), (Names{"GET " + query + " HTTP/1.0", "GET /p HTTP/1.0"}));
+}
+
+TEST(FetchLoop, StopsBeforeTheNextItem)
+{
+    TestRun run;
+    const Names urls = {run.Cached("http://h/1", "1"), run.Cached("http://h/2", "2"), run.Cached("http://h/3", "3")};
+    run.m_cache.SetHook([&](const std::string& url) {
+        if (url == urls[1])
+            run.m_bRunning = 0;
+    });
+    run.Download(urls);
+    EXPECT_EQ(run.m_cache.Lookups(), (Names{urls[0], urls[1]}));
+    EXPECT_EQ(run.m_ends, 1);
 }
 
 TEST(FetchLoop, AsksAgainWithTheRoomThatTheCacheNeedsAndKeepsIt)
@@ -206,13 +220,14 @@ TEST(FetchLoop, LeavesFilteredItemsOutAndReadsNoBodyOfThem)
 {
     TestRun run;
     run.m_setting.m_bLimitFileSize = 1;
-    run.m_setting.m_nBigThanKb = 1;
+    run.m_setting.m_bBigThan = 0;
+    run.m_setting.m_nBigThanKb = 2;
     run.m_setting.m_bSmallThan = 1;
-    run.m_setting.m_nSmallThanKb = 2;
-    run.m_server.Serve("/small", HttpAnswer{.body = "small", .stallAfter = 0});
-    run.Download({run.m_server.Url("/small"), run.Cached("http://h/tiny", "tiny"),
-                  run.Served("/fits", std::string(1025, 'f')), run.Served("/big", std::string(2048, 'b'))});
-    EXPECT_EQ(run.Saved(), (Names{"fits"}));
+    run.m_setting.m_nSmallThanKb = 1;
+    run.m_server.Serve("/between", HttpAnswer{.body = std::string(1500, 'b'), .stallAfter = 0});
+    run.Download({run.m_server.Url("/between"), run.Cached("http://h/big", std::string(3000, 'b')),
+                  run.Served("/small", "small")});
+    EXPECT_EQ(run.Saved(), (Names{"small"}));
 }
 
 // The second item is filtered: where its copy lies, its name with the word joined to it, no size, all done.
