@@ -5,7 +5,6 @@
 #include "settings/ThemeLibrary.h"
 #include "settings/ThemedPageFrame.h"
 #include "settings/TreePropSheet.h"
-#include "settings/TreeWalk.h"
 
 #include "platform/testing/Robot.h"
 #include "platform/testing/ThemeLibrary.h"
@@ -41,27 +40,22 @@ public:
     }
 };
 
-// Tells what it was given; the paint of a frame goes its usual way.
-class TellingFrame : public CThemedPageFrame
+// Shows what it was given, and where it draws.
+class OpenFrame : public CThemedPageFrame
 {
 public:
-    TellingFrame(std::string& caption, std::string& message) : m_told(caption), m_toldMessage(message)
-    {}
+    using CThemedPageFrame::CalcCaptionArea;
+    using CThemedPageFrame::CalcMessageArea;
+    using CThemedPageFrame::CThemedPageFrame;
+    using CThemedPageFrame::m_message;
+
+    std::string m_told; // text and number of the icon
 
     void SetCaption(const std::string& text, HICON icon) override
     {
         m_told = text + '|' + std::to_string(icon.resource);
         CThemedPageFrame::SetCaption(text, icon);
     }
-    void SetMessageText(const std::string& text) override
-    {
-        m_toldMessage = text;
-        CThemedPageFrame::SetMessageText(text);
-    }
-
-private:
-    std::string& m_told;
-    std::string& m_toldMessage;
 };
 
 // a (no page) > b > c (no page) > d; then e::f and g.
@@ -83,140 +77,57 @@ public:
     Page m_ef{"e\\::f"};
     Page m_g{"g"};
     CImageList m_icons;
-    std::string m_caption;
-    std::string m_message;
+    const CThemeLibrary m_themes;
+    OpenFrame* m_pFrame = nullptr;
 
-    INT_PTR Play(const std::function<void(Robot&)>& script)
+    void Play(const std::function<void(Robot&)>& script)
     {
-        INT_PTR result = 0;
-        RunScript([&] { result = DoModal(); },
+        RunScript([&] { DoModal(); },
                   [&](Robot& robot) {
                       robot.WaitForWindow("Sheet");
                       script(robot);
                       robot.Key("Esc");
                   });
-        return result;
     }
-    // The title of the page on show; empty if none is.
-    std::string Showing()
+    // The node that is selected and the title of the page on show, if one is.
+    std::string Look(const Robot& robot)
     {
         const CPropertyPage* page = GetActivePage();
-        return page && page->IsWindowVisible() ? page->m_psp.pszTitle : std::string();
+        return robot.SelectedNode() + ' ' + (page && page->IsWindowVisible() ? page->m_psp.pszTitle : "");
     }
 
 protected:
     std::unique_ptr<CPageFrame> MakePageFrame() override
     {
-        return std::make_unique<TellingFrame>(m_caption, m_message);
+        auto frame = std::make_unique<OpenFrame>(m_themes);
+        m_pFrame = frame.get();
+        return frame;
     }
-};
-
-// Nodes by number from 1, each with its parent (0: none), in the order of the walk.
-class NumberedTree
-{
-public:
-    explicit NumberedTree(std::vector<int> parents) : m_parents(std::move(parents))
-    {}
-
-    static HTREEITEM Item(int number)
-    {
-        return {reinterpret_cast<void*>(static_cast<std::intptr_t>(number))};
-    }
-    static int Number(HTREEITEM item)
-    {
-        return static_cast<int>(reinterpret_cast<std::intptr_t>(item.node));
-    }
-    HTREEITEM GetRootItem() const
-    {
-        return Among(0, 1, 1);
-    }
-    HTREEITEM GetParentItem(HTREEITEM item) const
-    {
-        return Item(Parent(Number(item)));
-    }
-    HTREEITEM GetChildItem(HTREEITEM item) const
-    {
-        return Among(Number(item), 1, 1);
-    }
-    HTREEITEM GetNextSiblingItem(HTREEITEM item) const
-    {
-        return Among(Parent(Number(item)), Number(item) + 1, 1);
-    }
-    HTREEITEM GetPrevSiblingItem(HTREEITEM item) const
-    {
-        return Among(Parent(Number(item)), Number(item) - 1, -1);
-    }
-
-private:
-    int Parent(int number) const
-    {
-        return m_parents[static_cast<std::size_t>(number - 1)];
-    }
-    HTREEITEM Among(int parent, int from, int step) const
-    {
-        while (from >= 1 && from <= static_cast<int>(m_parents.size()) && Parent(from) != parent)
-            from += step;
-        return from >= 1 && from <= static_cast<int>(m_parents.size()) ? Item(from) : HTREEITEM();
-    }
-
-    std::vector<int> m_parents;
 };
 
 } // namespace
 
-TEST(TreeWalk, GoesThroughEveryNodeAndAround)
-{
-    for (const std::vector<int>& parents :
-         {std::vector<int>{0}, {0, 0, 0}, {0, 1, 2, 3}, {0, 1, 2, 2, 1, 0}, {0, 1, 1, 3, 4, 0, 6, 6}})
-    {
-        const NumberedTree tree(parents);
-        const int count = static_cast<int>(parents.size());
-        for (int number = 1; number <= count; ++number)
-        {
-            const int next = number % count + 1;
-            EXPECT_EQ(NumberedTree::Number(NextTreeItem(tree, NumberedTree::Item(number))), next);
-            EXPECT_EQ(NumberedTree::Number(PrevTreeItem(tree, NumberedTree::Item(next))), number);
-        }
-    }
-    const NumberedTree empty({});
-    EXPECT_FALSE(NextTreeItem(empty, {}));
-    EXPECT_FALSE(PrevTreeItem(empty, {}));
-}
-
-TEST(PageFrame, CaptionColorsAreCutToWholeSteps)
-{
-    const std::tuple<COLORREF, COLORREF, LONG, LONG, COLORREF> cases[] = {
-        {0x000000, 0xFFFFFF, 0, 2, 0x000000},
-        {0x000000, 0xFFFFFF, 1, 2, 0x7F7F7F},
-        {0x0000FF, 0xFF0000, 1, 3, 0x5500AA},
-        {0x102030, 0x102030, 9, 10, 0x102030},
-    };
-    for (const auto& [from, to, line, count, color] : cases)
-        EXPECT_EQ(CaptionColor(from, to, line, count), color) << line << '/' << count;
-}
-
 TEST(TreeSheets, KeysWalkTheTreeThroughPagesAndEmptyNodes)
 {
     Sheet sheet;
-    EXPECT_TRUE(sheet.SetDefaultTreeIcons(sheet.m_icons));
-    EXPECT_TRUE(sheet.SetViewOptions(true, true, true));
+    Page h("a::h");
+    sheet.AddPage(&h);
     sheet.Play([&](Robot& robot) {
         EXPECT_EQ(robot.LayoutFaults(), "");
-        EXPECT_EQ(robot.TreeNodes(), (Texts{"a", "  b", "    c", "      d", "e::f", "g"}));
+        EXPECT_EQ(robot.TreeNodes(), (Texts{"a", "  b", "    c", "      d", "  h", "e::f", "g"}));
         EXPECT_EQ(robot.FocusName(), "PageTree");
-        const Texts walk = {"d a::b::c::d", "e::f e\\::f", "g g", "a ", "b a::b", "c ", "d a::b::c::d"};
-        const auto look = [&] { return robot.SelectedNode() + ' ' + sheet.Showing(); };
+        const Texts walk = {"d a::b::c::d", "h a::h", "e::f e\\::f", "g g", "a ", "b a::b", "c ", "d a::b::c::d"};
         for (std::size_t step = 0; step < walk.size(); ++step)
         {
-            EXPECT_EQ(look(), walk[step]);
+            EXPECT_EQ(sheet.Look(robot), walk[step]);
             robot.Key("Ctrl+Tab");
         }
         for (std::size_t step = walk.size(); step-- > 0;)
         {
             robot.Key("Ctrl+Shift+Tab");
-            EXPECT_EQ(look(), walk[step]);
+            EXPECT_EQ(sheet.Look(robot), walk[step]);
         }
-        EXPECT_EQ(sheet.m_message, "Choose a page below a.");
+        EXPECT_EQ(sheet.m_pFrame->m_message, "Choose a page below a.");
         robot.Key("Tab"); // from the tree into the page
         EXPECT_EQ(robot.FocusName(), "Add Shortcut to Toolbar");
         robot.Key("Ctrl+Tab");
@@ -239,7 +150,7 @@ TEST(TreeSheets, ANodeShowsTheIconOfItsPageOrADefaultOne)
         sheet.Play([&](Robot& robot) {
             const auto captionAt = [&](const Robot::NodePath& node) {
                 robot.SelectNode(node);
-                return sheet.m_caption;
+                return sheet.m_pFrame->m_told;
             };
             EXPECT_FALSE(sheet.SetViewOptions(false, false, false));
             EXPECT_EQ(captionAt({"a", "b", "c"}), "c" + (icons ? group : "|0"));
@@ -258,17 +169,17 @@ TEST(TreeSheets, WhatAPageRefusesDoesNotHappenInTheTree)
         robot.SelectNode({"a"});
         robot.Key("Ctrl+Tab");
         EXPECT_FALSE(sheet.SetActivePage(&sheet.m_b));
-        EXPECT_EQ(robot.SelectedNode() + ' ' + sheet.Showing(), "d a::b::c::d");
+        EXPECT_EQ(sheet.Look(robot), "d a::b::c::d");
         sheet.m_d.m_bMayLeave = true;
 
         robot.SelectNode({"a"});
         sheet.m_b.m_bMayShow = false;
         robot.SelectNode({"a", "b"});
-        EXPECT_EQ(robot.SelectedNode() + ' ' + sheet.Showing(), "a ");
+        EXPECT_EQ(sheet.Look(robot), "a ");
         sheet.m_b.m_bMayShow = true;
         sheet.m_d.m_bMayLeave = false; // it was left already
         EXPECT_TRUE(sheet.SetActivePage(&sheet.m_b));
-        EXPECT_EQ(robot.SelectedNode() + ' ' + sheet.Showing(), "b a::b");
+        EXPECT_EQ(sheet.Look(robot), "b a::b");
         sheet.m_b.m_bMayLeave = false;
         robot.Press("OK");
         EXPECT_TRUE(sheet.IsWindowVisible());
@@ -284,11 +195,11 @@ TEST(TreeSheets, TheTreeFollowsPagesThatComeAndGo)
         sheet.AddPage(&h);
         EXPECT_EQ(robot.SelectedNode(), "d");
         sheet.SetActivePage(&h);
-        EXPECT_EQ(robot.SelectedNode() + ' ' + sheet.Showing(), "h a::h");
+        EXPECT_EQ(sheet.Look(robot), "h a::h");
         sheet.RemovePage(&sheet.m_d);
         EXPECT_EQ(robot.TreeNodes(), (Texts{"a", "  b", "  h", "e::f", "g"}));
         sheet.RemovePage(&h);
-        EXPECT_EQ(robot.SelectedNode() + ' ' + sheet.Showing(), "g g");
+        EXPECT_EQ(sheet.Look(robot), "g g");
         sheet.AddPage(&again); // the last of two pages of one title has the node
         robot.SelectNode({"e::f"});
         robot.SelectNode({"g"});
@@ -313,7 +224,7 @@ TEST(TreeSheets, WithoutCaptionOrTreeTheSheetIsSmaller)
             sheet.GetWindowRect(&area);
             area = {0, 0, area.right - area.left, area.bottom - area.top};
             robot.Key("Ctrl+Tab");
-            EXPECT_EQ(sheet.Showing(), tree ? "e\\::f" : "a::b");
+            EXPECT_EQ(sheet.GetActivePage(), tree ? &sheet.m_ef : &sheet.m_b);
         });
     }
     EXPECT_LT(areas[1].bottom, areas[0].bottom);
@@ -325,30 +236,10 @@ TEST(TreeSheets, WithoutCaptionOrTreeTheSheetIsSmaller)
 TEST(TreeSheets, AThemeDrawsTheFrame)
 {
     ThemeLibrary library;
-    class ThemedSheet : public Sheet
-    {
-    public:
-        class Frame : public CThemedPageFrame
-        {
-        public:
-            using CThemedPageFrame::CalcCaptionArea;
-            using CThemedPageFrame::CalcMessageArea;
-            using CThemedPageFrame::CThemedPageFrame;
-        };
-        std::unique_ptr<CPageFrame> MakePageFrame() override
-        {
-            auto frame = std::make_unique<Frame>(m_themes);
-            m_pFrame = frame.get();
-            return frame;
-        }
-        const CThemeLibrary m_themes;
-        Frame* m_pFrame = nullptr;
-    };
-    ThemedSheet sheet;
+    Sheet sheet;
     sheet.SetViewOptions(true, true, true);
     sheet.Play([&](Robot& robot) {
-        const auto painted = [&] { return robot.IsShown("OK") && !library.m_drawings.empty(); };
-        robot.WaitUntil(painted, "a background");
+        robot.WaitUntil([&] { return robot.IsShown("OK") && !library.m_drawings.empty(); }, "a background");
         RECT client;
         sheet.m_pFrame->GetClientRect(&client);
         const auto& drawing = library.m_drawings.back();
