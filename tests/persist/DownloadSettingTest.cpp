@@ -117,9 +117,7 @@ TEST_F(DownloadSettingTest, ReadsWhatStandsInItsPlace)
         // A character that is cut swallows no bracket.
         {"<CONFIG><SAVEFOLDER>\xFF\xE4</SAVEFOLDER></CONFIG>", "\xFF\xE4|0: 1>250 0<0|0:|100"},
         // What is damaged anywhere changes nothing.
-        {"", kDefaults},
         {" \r\n\t", kDefaults},
-        {"no tag", kDefaults},
         {"<config><SAVEFOLDER>x</SAVEFOLDER></config>", kDefaults},
         {"<CONFIG><SAVEFOLDER>x</CONFIG></SAVEFOLDER>", kDefaults},
         {std::string("<CONFIG><SAVEFOLDER>x</SAVEFOLDER>\0</CONFIG>", 45), kDefaults},

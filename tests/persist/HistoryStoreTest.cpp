@@ -5,7 +5,6 @@
 #include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
 
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -103,64 +102,23 @@ protected:
 
 } // namespace
 
-TEST(HistoryStore, MergesRecordsOfOnePageAndKeepsTheFirstOnesTime)
-{
-    CHistoryStore store;
-    CHistoryItem first = ItemOf("http://p/", {"1", "2"});
-    first.SetTime(1000);
-    CHistoryItem second = ItemOf("http://p/", {"1"});
-    second.SetTime(2000);
-    store.AddItem(first);
-    store.AddItem(ItemOf("http://q/", {"9"}));
-    store.AddItem(second);
-    ASSERT_EQ(store.GetItems().size(), 2u);
-    EXPECT_EQ(store.GetItems()[0].GetTime(), 1000);
-    EXPECT_EQ(store.GetItems()[0].m_files.size(), 3u);
-    EXPECT_EQ(store.GetItems()[1].GetPageUrl(), "http://q/");
-    store.Clear();
-    EXPECT_TRUE(store.GetItems().empty());
-}
-
-TEST(HistoryStore, MarksTheFirstEntryOfAnAddressAndNoCutOne)
+TEST(HistoryStore, MergesRecordsOfOnePageAndMarksTheFirstEntryOfAnAddress)
 {
     const std::string cut(300, 'u');
     CHistoryStore store;
-    store.AddItem(ItemOf("p", {"a", "b", "a", cut.c_str()}));
-    store.AddItem(ItemOf("q", {"b"}));
-    store.MarkFileDone("b", "/save/b");
-    store.MarkFileDone("a", "/save/a");
-    store.MarkFileDone("a", "/save/a1");
-    store.MarkFileDone(cut, "/save/u");
-    store.MarkFileDone("nowhere", "/save/n");
-    const auto& files = store.GetItems()[0].m_files;
-    EXPECT_STREQ(files[0].m_szLocalPath.c_str(), "/save/a1");
-    EXPECT_STREQ(files[1].m_szLocalPath.c_str(), "/save/b");
-    EXPECT_TRUE(files[0].m_bDone && files[1].m_bDone);
-    EXPECT_FALSE(files[2].m_bDone || files[3].m_bDone || store.GetItems()[1].m_files[0].m_bDone);
-}
-
-TEST(HistoryStore, CutsLongTextsAndDatesANewRecordNow)
-{
-    const std::time_t before = std::time(nullptr);
-    CHistoryItem item;
-    item.SetPageUrl(std::string(600, 'p'));
-    EXPECT_EQ(item.GetPageUrl(), std::string(519, 'p'));
-    EXPECT_GE(item.GetTime(), before);
-    CHistoryFile file = FileOf(std::string(600, 'u'));
-    file.SetLocalPath(std::string(600, 'l'));
-    EXPECT_EQ(std::string_view(file.m_szUrl), std::string(259, 'u'));
-    EXPECT_EQ(std::string_view(file.m_szLocalPath), std::string(259, 'l'));
-}
-
-TEST(HistoryStore, FindsTheFirstEntryOfTheFirstPageWhateverTheOrderOfAdding)
-{
-    CHistoryStore store;
-    store.AddItem(ItemOf("p", {"a"}));
-    store.AddItem(ItemOf("q", {"b"}));
+    store.AddItem(ItemOf("p", {"a"}, 1000));
+    store.AddItem(ItemOf("q", {"b"}, 5));
     store.MarkFileDone("b", "/1");
-    store.AddItem(ItemOf("p", {"b"}));
+    store.AddItem(ItemOf("p", {"b", "a", cut.c_str()}, 2000));
     store.MarkFileDone("b", "/2");
-    EXPECT_EQ(Summary(store), std::to_string(kMorning) + " p: a> b>/2;" + std::to_string(kMorning) + " q: b>/1;");
+    store.MarkFileDone("a", "/3");
+    store.MarkFileDone("a", "/4");
+    store.MarkFileDone(cut, "/5");
+    store.MarkFileDone("nowhere", "/6");
+    EXPECT_EQ(Summary(store), "1000 p: a>/4 b>/2 a> " + cut.substr(0, 259) + ">;5 q: b>/1;");
+    const auto& files = store.GetItems()[0].m_files;
+    EXPECT_TRUE(files[0].m_bDone && files[1].m_bDone);
+    EXPECT_FALSE(files[2].m_bDone || files[3].m_bDone);
 }
 
 TEST_F(HistoryFilesTest, ARunIsAppendedToItsDayAndReadBack)

@@ -25,31 +25,6 @@ bool IsOnePair(const char* text)
     return CharNextA(text) == text + 2;
 }
 
-bool IsPlainName(const std::string& name)
-{
-    const bool bPair = name == kPairName && IsOnePair(kPairName);
-    return bPair || (!name.empty() && name.find_first_of("\\\"") == name.npos);
-}
-
-// The start tag begins with a plain name. The end tag is that name without anything around it; a self-closed tag has
-// one slash, since it would still be self-closed when one of two is taken away.
-bool IsPlain(const std::string& text, const ElementSlot& element)
-{
-    const std::size_t nameEnd = text.find_first_of(" \t\n\r<>=/?!", element.tagStart + 1);
-    const std::string name = text.substr(element.tagStart + 1, nameEnd - element.tagStart - 1);
-    if (!IsPlainName(name))
-        return false;
-    if (element.closeEnd == element.tagEnd)
-        return text[element.closeStart - 1] != '/';
-    return text.substr(element.closeStart, name.size() + 3) == "</" + name + ">";
-}
-
-bool IsPlain(const CXmlDoc& doc)
-{
-    const std::string text = doc.GetText();
-    return std::ranges::all_of(InDocumentOrder(doc), [&](const ElementSlot& e) { return IsPlain(text, e); });
-}
-
 std::string FaultOfPlaces(const CXmlDoc& doc)
 {
     const auto length = static_cast<std::int32_t>(doc.GetText().size());
@@ -106,12 +81,12 @@ private:
 class Editor
 {
 public:
-    Editor(CXmlDoc& doc, std::string_view bytes) : m_doc(doc), m_choice(bytes), m_bBuilt(!doc.HasRoot())
+    Editor(CXmlDoc& doc, std::string_view bytes, bool bPlain)
+        : m_doc(doc), m_choice(bytes), m_bBuilt(!doc.HasRoot()), m_bPlain(bPlain || m_bBuilt)
     {}
 
     EditReport Run()
     {
-        const bool bPlain = m_bBuilt || IsPlain(m_doc);
         m_report.fault = FaultOfPlaces(m_doc);
         while (!m_choice.IsOver() && m_report.fault.empty())
         {
@@ -119,8 +94,8 @@ public:
                 continue;
             ++m_report.edits;
             m_report.fault = FaultOfPlaces(m_doc);
-            if (m_report.fault.empty() && bPlain)
-                m_report.fault = IsPlain(m_doc) ? FaultOfReparse(m_doc) : "a tag is not as it is written here";
+            if (m_report.fault.empty() && m_bPlain)
+                m_report.fault = FaultOfReparse(m_doc);
         }
         return m_report;
     }
@@ -181,6 +156,7 @@ private:
     CXmlDoc& m_doc;
     Chooser m_choice;
     const bool m_bBuilt;
+    const bool m_bPlain;
     int m_attributes = 0;
     EditReport m_report;
 };
@@ -232,7 +208,7 @@ std::size_t ReadAll(CXmlDoc& doc)
     return count;
 }
 
-EditReport EditAsChosen(CXmlDoc& doc, std::string_view bytes)
+EditReport EditAsChosen(CXmlDoc& doc, std::string_view bytes, bool bPlain)
 {
-    return Editor(doc, bytes).Run();
+    return Editor(doc, bytes, bPlain).Run();
 }

