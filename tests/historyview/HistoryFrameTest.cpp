@@ -1,12 +1,9 @@
 #include "historyview/HistoryFrame.h"
-
 #include "resources/ResourceIds.h"
-#include "resources/Resources.h"
+#include "tests/Application.h"
 
 #include "platform/testing/Robot.h"
 #include "platform/testing/TempHome.h"
-#include "platform/window/Resource.h"
-#include "platform/window/WinApp.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -37,8 +34,7 @@ protected:
 
     HistoryWindow()
     {
-        static CWinApp application;
-        AfxSetResources(VantroyResources());
+        StartApplication();
         setenv("TZ", "UTC", 1);
         tzset();
     }

@@ -17,8 +17,6 @@
 namespace
 {
 
-using Names = std::vector<std::string>;
-
 constexpr CLSID kClass{0x12345678, 0x9ABC, 0xDEF0, {1, 2, 3, 4, 5, 6, 7, 0xFA}};
 constexpr const char* kRegistered = "[Quenby.Gallery\\CLSID]\n={12345678-9ABC-def0-0102-0304050607FA}\n";
 constexpr const char* kNoComponent = "Unable to create Quenby Instance!\n";
@@ -122,13 +120,6 @@ protected:
 
 } // namespace
 
-TEST_F(Album, IsMadeByANewComponentEachTime)
-{
-    EXPECT_EQ(Told(), "");
-    EXPECT_EQ(Told(), "");
-    EXPECT_EQ(g_albums, 2);
-}
-
 TEST_F(Album, TellsThatTheComponentCannotBeHad)
 {
     for (const Behaviour& behaviour :
@@ -138,11 +129,10 @@ TEST_F(Album, TellsThatTheComponentCannotBeHad)
         EXPECT_EQ(Told(), kNoComponent);
     }
     g_behaviour = {};
-    for (const char* registry :
-         {"", "[Quenby.Gallery]\n=x\n", "[Quenby.Gallery\\CLSID]\n={12345678-9ABC-def0-0102-0304050607FB}\n",
-          "[Quenby.Gallery\\CLSID]\n={12345678-9ABC-def0-01020304050607FA-}\n",
-          "[Quenby.Gallery\\CLSID]\n={12345678-9ABC-def0-0102-0304050607FA}}\n",
-          "[Quenby.Gallery\\CLSID]\n=12345678-9ABC-def0-0102-0304050607FA\n"})
+    for (const char* registry : {"", "[Quenby.Gallery\\CLSID]\n={12345678-9ABC-def0-0102-0304050607FB}\n",
+                                 "[Quenby.Gallery\\CLSID]\n={12345678-9ABC-def0-01020304050607FA-}\n",
+                                 "[Quenby.Gallery\\CLSID]\n={12345678-9ABC-def0-0102-0304050607FA}}\n",
+                                 "[Quenby.Gallery\\CLSID]\n=12345678-9ABC-def0-0102-0304050607FA\n"})
     {
         m_home.Write("registry-classes.ini", registry);
         EXPECT_EQ(Told(), kNoComponent) << registry;
@@ -150,6 +140,8 @@ TEST_F(Album, TellsThatTheComponentCannotBeHad)
     m_home.Write("registry-classes.ini", kRegistered);
     EXPECT_EQ(g_albums, 0);
     EXPECT_EQ(Told(), "") << "a failure is not for good";
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(g_albums, 2);
 }
 
 TEST_F(Album, TellsWhyTheComponentFailed)
@@ -180,7 +172,7 @@ TEST_F(Album, HasItsCommandInTheWindow)
                   const std::string title = "Advanced";
                   const std::string entry = "Create a Thumbnail Album...";
                   robot.WaitForWindow(title);
-                  EXPECT_EQ(robot.MainMenus(title), Names{"File"});
+                  EXPECT_EQ(robot.MainMenus(title), std::vector<std::string>{"File"});
                   robot.OpenMainMenu("File", title);
                   EXPECT_EQ(robot.MenuEntries().size(), 4u);
                   EXPECT_FALSE(robot.IsMenuEntryEnabled("New Project..."));
@@ -192,12 +184,9 @@ TEST_F(Album, HasItsCommandInTheWindow)
                   EXPECT_EQ(robot.StatusText(title), entry);
                   EXPECT_EQ(robot.LayoutFaults(title), "");
                   m_home.Write("registry-classes.ini", "");
-                  for (int round = 0; round < 2; ++round)
-                  {
-                      robot.Press(entry, title);
-                      EXPECT_EQ(robot.MessageBoxText(), kNoComponent);
-                      robot.Answer("OK");
-                  }
+                  robot.Press(entry, title);
+                  EXPECT_EQ(robot.MessageBoxText(), kNoComponent);
+                  robot.Answer("OK");
                   EXPECT_EQ(closed, 0);
                   for (const char* edge : {"left", "bottom", "right", "top"})
                   {
