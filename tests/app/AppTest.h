@@ -6,6 +6,7 @@
 #include "base/Paths.h"
 #include "persist/HistoryStore.h"
 #include "tests/Application.h"
+#include "tests/MessageBox.h"
 
 #include "platform/com/Com.h"
 #include "platform/testing/HttpTestServer.h"

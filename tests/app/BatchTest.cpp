@@ -32,8 +32,7 @@ protected:
     static void CancelAll(Robot& robot, const char* title, const char* answer)
     {
         robot.Press("Cancel All", title);
-        EXPECT_EQ(robot.MessageBoxText(), "Are you sure you want to cancel current download task?");
-        robot.Answer(answer);
+        ExpectBox(robot, "Are you sure you want to cancel current download task?", answer);
     }
     // The pages of a page list file of that content, one blank behind each; or what the user is told.
     std::string PageList(const std::string& content) const
@@ -100,8 +99,7 @@ TEST_F(BatchRun, EndsInOrderWhenTheBrowserFails)
     m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a", "a")})});
     m_browser.Fail("CoCreateInstance", RPC_E_DISCONNECTED);
     RunAll([this](Robot& robot) {
-        EXPECT_EQ(robot.MessageBoxText(), "Error creating ie doc window!");
-        robot.Answer("OK");
+        ExpectBox(robot, "Error creating ie doc window!");
         robot.WaitUntil([this] { return !IsWindow(m_window); }, "the end of the dialog");
     });
     for (const char* call : {"IShellWindows::get_Count", "IShellWindows::Item"})
@@ -146,6 +144,7 @@ TEST_F(BatchRun, CancelsTheItemInHandAndGoesOn)
         {Page(L"http://one/", L"One", {Served("/first", std::string(1 << 20, 'f')), Served("/second", "s")})});
     RunAll([&gate](Robot& robot) {
         gate.WaitUntilHeld(robot);
+        CancelAll(robot, kDownloading, "No"); // changes nothing
         robot.Press("Cancel Current", kDownloading);
         gate.Open();
         Finish(robot);

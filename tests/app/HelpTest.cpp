@@ -2,25 +2,18 @@
 #include "AppTest.h"
 
 #include "platform/shell/HelpViewer.h"
-#include "platform/system/Library.h"
 #include "platform/testing/RecordingPrograms.h"
 
 namespace
 {
 
-class Help : public AppTest
+using Help = AppTest;
+
+void Choose(Robot& robot, const std::string& entry)
 {
-protected:
-    ~Help() override
-    {
-        RegisterLibrary(kHelpViewerLibrary, {});
-    }
-    static void Choose(Robot& robot, const std::string& entry)
-    {
-        robot.Press("Help", kMainWindow);
-        robot.ChooseMenu(entry);
-    }
-};
+    robot.Press("Help", kMainWindow);
+    robot.ChooseMenu(entry);
+}
 
 constexpr const char* kAbout = "About Vantroy";
 constexpr const char* kVersion = "Check for new version of Vantroy";
@@ -45,22 +38,6 @@ TEST_F(Help, LeadsToTheDesktopsPrograms)
         }
         EXPECT_EQ(robot.Windows(), Names{kMainWindow});
     });
-}
-
-TEST_F(Help, NamesTheManualOfTheInstallFolder)
-{
-    static std::string named;
-    const HtmlHelpFunction show = [](HWND owner, const char* file, UINT command, DWORD_PTR data) -> DWORD {
-        named = (IsWindow(owner) ? "" : "no window ") + std::string(file);
-        return command + static_cast<DWORD>(data);
-    };
-    RegisterLibrary(kHelpViewerLibrary, {{OrdinalName(kHtmlHelpOrdinal), reinterpret_cast<FARPROC>(show)}});
-    for (const char* end : {"", "/", "//"})
-    {
-        setenv("VANTROY_HOME", (m_home.Folder() + end).c_str(), 1);
-        RunMain([](Robot& robot) { Choose(robot, "User Manual"); });
-        EXPECT_EQ(named, m_home.Path("vantroy.chm"));
-    }
 }
 
 TEST_F(Help, IsSilentWhereThereIsNothing)

@@ -68,8 +68,7 @@ TEST_F(MainRun, SaysWhenThereIsNothingToDownload)
     m_browser.SetWindows({Page(L"http://one/", L"One")});
     RunMain([](Robot& robot) {
         robot.Press("Download Now");
-        EXPECT_EQ(robot.MessageBoxText(), "No files to download.");
-        robot.Answer("OK");
+        ExpectBox(robot, "No files to download.");
         WaitUntilEnabled(robot);
         EXPECT_FALSE(robot.IsShown("Cancel All"));
     });
@@ -93,35 +92,22 @@ TEST_F(MainRun, ComesBackToIdleWhenTheBrowserFails)
     EXPECT_EQ(Saved(), (Names{"a", "b"}));
 }
 
-// The item in hand is held up in a copy from the cache, in an HTTP body, or in the cache look-up, while the user
-// presses one of the two buttons.
+// The item in hand is held up in a copy from the cache or in an HTTP body while the user presses one of the two
+// buttons.
 TEST_F(MainRun, CancelsTheItemOrTheRun)
 {
-    enum class Item
-    {
-        Copy,
-        Body,
-        Lookup,
-    };
     const std::string cached = "http://h/first";
     m_home.Write("copy", std::string(1 << 20, 'c'));
-    m_server.Serve("/first", HttpAnswer{.body = std::string(1 << 20, 'b')});
+    m_cache.Add(cached, m_home.Path("copy"));
+    const std::string served = Served("/first", std::string(1 << 20, 'b'));
     const std::string second = Served("/second", "second");
-    for (const Item item : {Item::Copy, Item::Body, Item::Lookup})
+    for (const std::string& first : {cached, served})
     {
         for (const bool cancelAll : {false, true})
         {
             Gate gate;
-            MemoryUrlCache cache;
-            cache.Add(cached, m_home.Path("copy"));
-            if (item == Item::Lookup)
-                cache.SetHook([&gate, cached](const std::string& url) {
-                    if (url == cached)
-                        gate.Pass();
-                });
-            else
-                HoldItem(gate);
-            OpenPage(item == Item::Body ? m_server.Url("/first") : cached, second);
+            HoldItem(gate);
+            OpenPage(first, second);
             RunMain([&](Robot& robot) {
                 robot.Press("Download Now");
                 gate.WaitUntilHeld(robot);
@@ -132,8 +118,7 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
                     robot.Key("Esc");
                     robot.Answer("No");
                     robot.Press("Cancel All", kDownloading);
-                    EXPECT_EQ(robot.MessageBoxText(), "Are you sure you want to cancel current download task?");
-                    robot.Answer("Yes");
+                    ExpectBox(robot, "Are you sure you want to cancel current download task?", "Yes");
                     robot.WaitForNoWindow(kDownloading);
                     EXPECT_TRUE(robot.IsEnabled("Download Now"));
                     gate.Open();
@@ -146,17 +131,11 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
                     Finish(robot);
                 }
             });
-            // A look-up cannot be stopped, but the copy that follows it stops at its first poll.
-            const Names expected = cancelAll              ? Names{}
-                                   : item == Item::Lookup ? Names{"first", "second"}
-                                                          : Names{"second"};
-            EXPECT_EQ(Saved(), expected) << static_cast<int>(item) << cancelAll;
-            for (const std::string& name : Saved())
-                std::remove(m_home.Path("Download/" + name).c_str());
-            m_whenShowing = nullptr;
+            EXPECT_EQ(Saved(), cancelAll ? Names{} : Names{"second"}) << first << cancelAll;
+            std::remove(m_home.Path("Download/second").c_str());
         }
     }
-    EXPECT_EQ(History(), "http://page/: second>second second>second first>first second>second; ");
+    EXPECT_EQ(History(), "http://page/: second>second second>second; ");
 }
 
 TEST_F(MainRun, ASecondStartWaitsUntilTheOldWorkerHasLeft)
@@ -172,8 +151,7 @@ TEST_F(MainRun, ASecondStartWaitsUntilTheOldWorkerHasLeft)
         robot.Tick(0);
         robot.Tick(0);
         robot.Press("Download Now");
-        EXPECT_EQ(robot.MessageBoxText(), "Terminating download thread now, please try again.");
-        robot.Answer("OK");
+        ExpectBox(robot, "Terminating download thread now, please try again.");
         gate.Open();
         Finish(robot);
         robot.Press("Download Now");

@@ -30,9 +30,8 @@ protected:
     // From the message about the folder to the sheet of the worker.
     void TakeMessage(Robot& robot) const
     {
-        EXPECT_EQ(robot.MessageBoxText(),
+        ExpectBox(robot,
                   "Folder " + m_home.Path("gone") + " does not exist.\nPlease specify a valid folder and try again.");
-        robot.Answer("OK");
     }
     static std::size_t Sheets(const Robot& robot)
     {

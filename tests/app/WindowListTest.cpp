@@ -104,8 +104,7 @@ TEST_F(WindowList, StaysWithoutColumnsWhenTheStartFails)
 {
     m_browser.SetWindows({Page(L"http://one/", L"One")});
     const auto nothingWorks = [](Robot& robot, const std::string& message) {
-        EXPECT_EQ(robot.MessageBoxText(), message);
-        robot.Answer("OK");
+        ExpectBox(robot, message);
         robot.WaitForWindow(kMainWindow);
         robot.WaitUntil([&robot] { return robot.FocusName() != "OK"; }, "the box to go");
         EXPECT_TRUE(robot.Columns().empty());

@@ -1,4 +1,5 @@
 #include "controls/LinkLabel.h"
+#include "tests/MessageBox.h"
 
 #include "resources/Resources.h"
 
@@ -156,8 +157,7 @@ TEST_F(LinkLabel, SaysWhyALinkCannotBeOpened)
             m_home.Write("registry-classes.ini",
                          std::string("[.htm]\n=page\n[page\\shell\\open\\command]\n=") + command + '\n');
             robot.Press(kLink);
-            EXPECT_EQ(robot.MessageBoxText(), std::string("Unable to open hyperlink:\n\n") + reason);
-            robot.Answer("OK");
+            ExpectBox(robot, std::string("Unable to open hyperlink:\n\n") + reason);
             EXPECT_FALSE(dialog.m_link.IsVisited());
         }
     });

@@ -269,25 +269,3 @@ TEST(FetchLoop, ShowsEachItemInTheProgressWindow)
         });
     window->DestroyWindow();
 }
-
-TEST(FetchLoop, AsksForAFolderThatIsNotThereAndGoesOnInTheNewOne)
-{
-    AfxSetResources(VantroyResources());
-    TestRun run;
-    run.m_home.Write("New/.keep", "");
-    const std::string missing = run.m_home.Path("Missing");
-    run.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(missing));
-    run.m_whenSetup = [&run] {
-        run.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(run.m_home.Path("New/")));
-    };
-    const Names urls = {run.Cached("http://h/a", "a"), run.Served("/b", "b")};
-    RunScript([&] { run.Download(urls); },
-              [&](Robot& robot) {
-                  EXPECT_EQ(robot.MessageBoxText(), "Folder " + missing +
-                                                        " does not exist.\nPlease specify a valid folder and try "
-                                                        "again.");
-                  robot.Answer("OK");
-              });
-    EXPECT_EQ(run.m_home.Files("New"), (Names{".keep", "a", "b"}));
-    EXPECT_FALSE(run.m_home.Exists("Missing"));
-}

@@ -67,7 +67,6 @@ public:
     CProgressFields* m_fields = &m_ownFields;
     std::vector<std::string> m_stored;           // "address -> name"
     std::function<void()> m_whenShowing = [] {}; // wherever the run shows something
-    std::function<void()> m_whenSetup = [] {};
     std::function<void()> m_whenStored = [] {};
     int m_ends = 0;
 
@@ -100,9 +99,7 @@ private:
         m_bRunning = 0;
     }
     void OnSetup() override
-    {
-        m_whenSetup();
-    }
+    {}
 
     CProgressFields m_ownFields;
     int m_copies = 0;

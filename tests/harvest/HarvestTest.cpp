@@ -119,7 +119,7 @@ TEST(HarvestRules, MatchesAPageByItsAddressOrWithoutItsLastSlash)
     pages.AddTail("http://slash/");
     const std::pair<const char*, bool> cases[] = {
         {"http://plain", true},  {"http://plain/", true}, {"http://plain//", false}, {"http://slash/", true},
-        {"http://slash", false}, {"HTTP://plain", false}, {"http://plain#x", false}, {"", false},
+        {"http://slash", false}, {"HTTP://plain", false}, {"http://plain#", false},  {"", false},
     };
     for (const auto& [url, listed] : cases)
         EXPECT_EQ(IsPageListed(pages, url), listed) << url;

@@ -1,6 +1,7 @@
 #include "historyview/HistoryFrame.h"
 #include "resources/ResourceIds.h"
 #include "tests/Application.h"
+#include "tests/MessageBox.h"
 
 #include "platform/testing/Robot.h"
 #include "platform/testing/TempHome.h"
@@ -160,8 +161,7 @@ TEST_F(HistoryWindow, ClearsTheHistoryAndSaysSo)
     std::filesystem::remove_all(m_home.Path("History"));
     Run([](Robot& robot) {
         robot.Press("Clear all download history", kWindow);
-        EXPECT_EQ(robot.MessageBoxText(), "Download history has been removed.");
-        robot.Answer("OK");
+        ExpectBox(robot, "Download history has been removed.");
         robot.ChooseMainMenu("File", "Exit", kWindow);
         robot.WaitForNoWindow(kWindow);
     });
@@ -201,15 +201,12 @@ TEST_F(HistoryWindow, TheBarSharesTheRoomAndTheTreeKeepsItsOwn)
             const RECT area = robot.Panes(kWindow)[pane];
             return area.right - area.left;
         };
-        EXPECT_EQ(width(0), 200);
         const LONG both = width(0) + width(1);
-        robot.DragBar(0, 60, 0, kWindow);
-        EXPECT_EQ(width(0), 260);
-        EXPECT_EQ(width(0) + width(1), both);
-        robot.DragBar(0, -1000, 0, kWindow);
-        EXPECT_EQ(width(0), 0);
-        EXPECT_EQ(width(1), both);
-        robot.DragBar(0, 150, 0, kWindow);
-        EXPECT_NEAR(width(0), 150, 5);
+        for (const auto& [by, tree] : {std::pair(60, 260), {-1000, 0}, {150, 150}})
+        {
+            robot.DragBar(0, by, 0, kWindow);
+            EXPECT_NEAR(width(0), tree, 5);
+            EXPECT_EQ(width(0) + width(1), both);
+        }
     });
 }

@@ -1,4 +1,5 @@
 #include "persist/DownloadSetting.h"
+#include "tests/MessageBox.h"
 
 #include "platform/system/Registry.h"
 #include "platform/testing/Limits.h"
@@ -67,11 +68,7 @@ protected:
     static void ExpectRefusedSave(const CDownloadSetting& setting, const std::string& message)
     {
         bool saved = true;
-        RunScript([&] { saved = setting.Save(); },
-                  [&](Robot& robot) {
-                      EXPECT_EQ(robot.MessageBoxText(), message);
-                      robot.Answer("OK");
-                  });
+        RunScript([&] { saved = setting.Save(); }, [&](Robot& robot) { ExpectBox(robot, message); });
         EXPECT_FALSE(saved);
     }
 

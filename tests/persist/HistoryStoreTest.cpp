@@ -5,6 +5,7 @@
 #include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
 
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <gtest/gtest.h>

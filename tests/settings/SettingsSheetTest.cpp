@@ -1,5 +1,6 @@
 // The settings sheet as a user meets it, over a record and files of its own.
 #include "tests/Application.h"
+#include "tests/MessageBox.h"
 
 #include "persist/DownloadSetting.h"
 #include "settings/SettingsSheet.h"
@@ -236,8 +237,7 @@ TEST_F(SettingsSheet, AFolderThatIsTooLongIsRefusedByItsEdit)
         for (const auto& [key, focus] : {std::pair("Alt+A", "Save Folder"), {"Ctrl+Tab", "PageTree"}})
         {
             robot.Key(key);
-            EXPECT_EQ(robot.MessageBoxText(), "Please enter no more than 255 characters.");
-            robot.Answer("OK");
+            ExpectBox(robot, "Please enter no more than 255 characters.");
             EXPECT_EQ(robot.FocusName(), focus);
         }
         EXPECT_EQ(m_setting->GetSaveFolder(), m_home.Path("Download"));
@@ -260,11 +260,9 @@ TEST_F(SettingsSheet, TicksOfResolutionsReachTheRecordAtOnceAndTheListWithItsOk)
         EXPECT_EQ(robot.LayoutFaults(kList), "");
         EXPECT_EQ(robot.RowCount(kList), 1);
         robot.Press("Add");
-        EXPECT_EQ(robot.MessageBoxText(), "Please enter an image resolution capacity item.");
-        robot.Answer("OK");
+        ExpectBox(robot, "Please enter an image resolution capacity item.");
         robot.Press("Remove");
-        EXPECT_EQ(robot.MessageBoxText(), "Please select a resolusion capacity item to remove.");
-        robot.Answer("OK");
+        ExpectBox(robot, "Please select a resolusion capacity item to remove.");
         AddSize(robot, "640", "480"); // has its box
         AddSize(robot, "007", "10");
         EXPECT_EQ(robot.RowCount(kList), 2);
@@ -306,9 +304,8 @@ TEST_F(SettingsSheet, TheBrowserButtonComesAndGoesAtOnce)
         EXPECT_EQ(robot.LayoutFaults(), "");
         robot.Key("Alt+R");
         robot.Key("Alt+A");
-        EXPECT_EQ(robot.MessageBoxText(), "Program shortcut icon has been added to browser's toolbar.\n"
-                                          "You need to restart browser to make it work.");
-        robot.Answer("OK");
+        ExpectBox(robot, "Program shortcut icon has been added to browser's toolbar.\n"
+                         "You need to restart browser to make it work.");
         EXPECT_NE(registry().find("Exec=" + m_home.Path("vantroy") + "\n"), std::string::npos);
         EXPECT_FALSE(robot.IsEnabled("Apply"));
         SetRegistryGuard([](HKEY root, const char*) { return root != HKEY_LOCAL_MACHINE; });
@@ -320,9 +317,7 @@ TEST_F(SettingsSheet, TheBrowserButtonComesAndGoesAtOnce)
     Open([&](Robot& robot) {
         robot.SelectNode({"System Setting"});
         robot.Press("Remove Shortcut from Toolbar");
-        EXPECT_EQ(robot.MessageBoxText(),
-                  "Program shortcut icon has been removed.\nYou need to restart browser to make it work.");
-        robot.Answer("OK");
+        ExpectBox(robot, "Program shortcut icon has been removed.\nYou need to restart browser to make it work.");
     });
     EXPECT_EQ(registry().find("Exec="), std::string::npos);
 }

@@ -92,18 +92,6 @@ TEST(BrowserButton, IsLeftWhereARightIsMissing)
     EXPECT_TRUE(RemoveBrowserButton());
 }
 
-TEST(ResolutionChoice, PresetsStandBeforeTheOthers)
-{
-    CResolutionVector list{{800, 600}, {5, 5}};
-    SetListed(list, {640, 480}, true);
-    SetListed(list, {640, 480}, true);
-    SetListed(list, {800, 600}, false);
-    SetListed(list, {9, 9}, false);
-    EXPECT_EQ(list, (CResolutionVector{{5, 5}, {640, 480}}));
-    EXPECT_EQ(JoinResolutions({false, true, false, false, true}, {{7, 7}, {1600, 1200}, {640, 480}, {7, 7}}),
-              (CResolutionVector{{800, 600}, {1600, 1200}, {7, 7}, {640, 480}}));
-}
-
 TEST(ResolutionChoice, RowsAreTheSizesWithoutABox)
 {
     using Entry = CResolutionRows::Entry;

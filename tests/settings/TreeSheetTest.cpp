@@ -137,27 +137,21 @@ TEST(TreeSheets, KeysWalkTheTreeThroughPagesAndEmptyNodes)
 
 TEST(TreeSheets, ANodeShowsTheIconOfItsPageOrADefaultOne)
 {
-    const std::string group = '|' + std::to_string(IDB_SETTINGS);
-    const std::string plain = '|' + std::to_string(IDB_SETTINGS_PAGE);
-    for (const bool icons : {true, false})
-    {
-        Sheet sheet;
-        CImageList three = sheet.m_icons;
-        three.Add(three.ExtractIcon(0));
-        EXPECT_FALSE(sheet.SetDefaultTreeIcons(three));
-        EXPECT_TRUE(sheet.SetDefaultTreeIcons(sheet.m_icons));
-        EXPECT_TRUE(sheet.SetViewOptions(true, true, icons));
-        sheet.Play([&](Robot& robot) {
-            const auto captionAt = [&](const Robot::NodePath& node) {
-                robot.SelectNode(node);
-                return sheet.m_pFrame->m_told;
-            };
-            EXPECT_FALSE(sheet.SetViewOptions(false, false, false));
-            EXPECT_EQ(captionAt({"a", "b", "c"}), "c" + (icons ? group : "|0"));
-            EXPECT_EQ(captionAt({"a", "b"}), "b" + (icons ? plain : "|0"));
-            EXPECT_EQ(captionAt({"g"}), "g" + group); // its own
-        });
-    }
+    Sheet sheet;
+    CImageList three = sheet.m_icons;
+    three.Add(three.ExtractIcon(0));
+    EXPECT_FALSE(sheet.SetDefaultTreeIcons(three));
+    EXPECT_TRUE(sheet.SetDefaultTreeIcons(sheet.m_icons));
+    EXPECT_TRUE(sheet.SetViewOptions(true, true, true));
+    sheet.Play([&](Robot& robot) {
+        const auto captionAt = [&](const Robot::NodePath& node) {
+            robot.SelectNode(node);
+            return sheet.m_pFrame->m_told;
+        };
+        EXPECT_EQ(captionAt({"a", "b", "c"}), "c|" + std::to_string(IDB_SETTINGS));
+        EXPECT_EQ(captionAt({"a", "b"}), "b|" + std::to_string(IDB_SETTINGS_PAGE));
+        EXPECT_EQ(captionAt({"g"}), "g|" + std::to_string(IDB_SETTINGS)); // its own
+    });
 }
 
 TEST(TreeSheets, WhatAPageRefusesDoesNotHappenInTheTree)
@@ -209,28 +203,6 @@ TEST(TreeSheets, TheTreeFollowsPagesThatComeAndGo)
         EXPECT_EQ(robot.TreeNodes(), Texts());
         robot.Key("Ctrl+Tab");
     });
-}
-
-TEST(TreeSheets, WithoutCaptionOrTreeTheSheetIsSmaller)
-{
-    std::vector<RECT> areas;
-    for (const auto& [tree, caption] : {std::pair(true, true), {true, false}, {false, false}})
-    {
-        Sheet sheet;
-        sheet.SetViewOptions(tree, caption, false);
-        sheet.Play([&](Robot& robot) {
-            EXPECT_EQ(robot.LayoutFaults(), "");
-            RECT& area = areas.emplace_back();
-            sheet.GetWindowRect(&area);
-            area = {0, 0, area.right - area.left, area.bottom - area.top};
-            robot.Key("Ctrl+Tab");
-            EXPECT_EQ(sheet.GetActivePage(), tree ? &sheet.m_ef : &sheet.m_b);
-        });
-    }
-    EXPECT_LT(areas[1].bottom, areas[0].bottom);
-    EXPECT_EQ(areas[1].right, areas[0].right);
-    EXPECT_LT(areas[2].right, areas[1].right);
-    EXPECT_EQ(areas[2].bottom, areas[0].bottom);
 }
 
 TEST(TreeSheets, AThemeDrawsTheFrame)

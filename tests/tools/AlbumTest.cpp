@@ -1,5 +1,6 @@
 // The album command and its window, over a component that the test enters.
 #include "tests/Application.h"
+#include "tests/MessageBox.h"
 #include "tools/AdvancedFrame.h"
 #include "tools/QuenbyGallery.h"
 #include "tools/ThumbnailAlbum.h"
@@ -185,8 +186,7 @@ TEST_F(Album, HasItsCommandInTheWindow)
                   EXPECT_EQ(robot.LayoutFaults(title), "");
                   m_home.Write("registry-classes.ini", "");
                   robot.Press(entry, title);
-                  EXPECT_EQ(robot.MessageBoxText(), kNoComponent);
-                  robot.Answer("OK");
+                  ExpectBox(robot, kNoComponent);
                   EXPECT_EQ(closed, 0);
                   for (const char* edge : {"left", "bottom", "right", "top"})
                   {
