@@ -183,13 +183,11 @@ TEST_F(BatchRun, ReadsThePageListOrSaysWhyNot)
     const std::string damaged = "Error occured while parsing url cache file, please try again.";
     const std::pair<std::string, std::string> cases[] = {
         {good, "http://a/?x&y http://b/  "},
-        {"<?xml version=\"1.0\"?>" + good, "http://a/?x&y http://b/  "},
         {good + '\0' + "rest", "http://a/?x&y http://b/  "},
         {"<URLCACHE/>", ""},
         {"<other><URL>http://a/</URL></other>", ""},
         {"", damaged},
         {"<URLCACHE><URL>http://a/</URLCACHE></URL>", damaged},
-        {std::string(1 << 20, '<'), damaged},
     };
     for (const auto& [content, result] : cases)
     {

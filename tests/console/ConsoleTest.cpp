@@ -8,15 +8,6 @@
 namespace
 {
 
-std::vector<std::string> LinesOf(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 // What a terminal shows in the end. Fails if a line in place is ever as wide as the terminal.
 std::string Screen(const std::string& output, std::size_t columns)
 {
@@ -72,25 +63,23 @@ TEST(Console, GivesEachItemALineWithItsOwnEnd)
     }
     Program program({.scenario = "quick"});
     EXPECT_EQ(program.End(), 0);
-    EXPECT_EQ(LinesOf(program.Out()), LinesOf(kBegin + expected.str() + kEnd));
+    EXPECT_EQ(program.Out(), kBegin + expected.str() + kEnd);
     EXPECT_EQ(program.Error(), "");
 }
 
 TEST(Console, EndsWithAStatusThatTellsHowItWent)
 {
-    struct Row
+    const std::string one = kBegin + "host\uFFFD]0;x\uFFFD  /a\uFFFD.jpg  10 Bytes  100% Complete\n" + kEnd;
+    const struct
     {
         Program::Start start;
         int status;
         std::string out;
         std::string error;
-    };
-    const std::string one = kBegin + "host\uFFFD]0;x\uFFFD  /a\uFFFD.jpg  10 Bytes  100% Complete\n" + kEnd;
-    const Row rows[] = {
+    } rows[] = {
         {{.scenario = "one"}, 0, one, ""},
         {{.scenario = "one", .environment = {"CONSOLE_STATUS=7"}}, 7, one, ""},
         {{.scenario = "one", .environment = {"VANTROY_DESKTOP=console", "QT_QPA_PLATFORM=nonsense"}}, 0, one, ""},
-        {{.scenario = "one", .environment = {"DISPLAY=:98765"}}, 0, one, ""},
         {{.scenario = "one", .environment = {"VANTROY_CODEPAGE=936"}},
          0,
          kBegin + "host?]0;x?  /a?.jpg  10 Bytes  100% Complete\n" + kEnd,
@@ -111,7 +100,7 @@ TEST(Console, EndsWithAStatusThatTellsHowItWent)
         {{.scenario = "one", .arguments = {"--all", "--mine"}}, 0, "mine\n", ""},
         {{.scenario = "one", .arguments = {"--all", "--version"}}, 0, "Vantroy 1.2.0\n", ""},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         Program program(row.start);
         EXPECT_EQ(program.End(), row.status) << row.start.scenario;
@@ -128,19 +117,17 @@ TEST(Console, EndsWithAStatusThatTellsHowItWent)
 
 TEST(Console, RewritesOneLineOfATerminal)
 {
-    struct Row
+    const struct
     {
         const char* scenario;
         unsigned short columns;
         std::string line;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"quick", 80, "host  /f999  5 Bytes  90% Complete"},
         {"long", 80, "hhhhhhhhhhh#hhhhhhhhhh  /#xxxxxxxx#xxxxxx.jpg  4294967295 Bytes  45% Complete"},
         {"long", 20, "45% Complete"},
-        {"one", 2000, "host#]0;x#  /a#.jpg  10 Bytes  100% Complete"},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         Program program({.scenario = row.scenario, .output = Output::Terminal, .columns = row.columns});
         EXPECT_EQ(program.End(), 0);
@@ -150,25 +137,24 @@ TEST(Console, RewritesOneLineOfATerminal)
 
 TEST(Console, IsStoppedBySignalsStepByStep)
 {
-    struct Row
+    const std::string question = "vantroy: Cancel all? Yes\n";
+    const std::string stopped = "vantroy: stopped\n";
+    const std::string item = "host  /endless.jpg  1000 Bytes  12% Complete";
+    const std::string ended = kBegin + item + "\n" + kEnd;
+    const struct
     {
         const char* scenario;
         std::vector<int> numbers;
         std::vector<std::string> answers; // on standard error, to each
         int status;
         std::string screen;
-    };
-    const std::string question = "vantroy: Cancel all? Yes\n";
-    const std::string stopped = "vantroy: stopped\n";
-    const std::string item = "host  /endless.jpg  1000 Bytes  12% Complete";
-    const std::string ended = kBegin + item + "\n" + kEnd;
-    const Row rows[] = {
+    } rows[] = {
         {"patient", {SIGINT}, {question + stopped}, 128 + SIGINT, ended},
         {"patient", {SIGTERM}, {question + stopped}, 128 + SIGTERM, ended},
         {"stuck", {SIGHUP, SIGINT}, {question, stopped}, 128 + SIGHUP, ended},
         {"deaf", {SIGINT, SIGINT, SIGTERM}, {question, "vantroy: I go on.\n", ""}, 128 + SIGTERM, kBegin},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         Program program({.scenario = row.scenario, .output = Output::Terminal});
         ASSERT_TRUE(program.Await(item));

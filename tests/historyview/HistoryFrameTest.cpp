@@ -2,6 +2,7 @@
 #include "resources/ResourceIds.h"
 #include "tests/Application.h"
 #include "tests/MessageBox.h"
+#include "tests/persist/Records.h"
 
 #include "platform/testing/Robot.h"
 #include "platform/testing/TempHome.h"
@@ -16,22 +17,12 @@ namespace
 
 constexpr const char* kWindow = "Download History";
 
-std::string Record(int time, const std::string& page, const std::vector<std::pair<std::string, std::string>>& files)
-{
-    std::string text = "<DOWNLOAD><DOWNLOAD_TIME>" + std::to_string(time) + "</DOWNLOAD_TIME><REFERRER_URL>" + page +
-                       "</REFERRER_URL>";
-    for (const auto& [url, path] : files)
-        text += "<DOWNLOAD_ITEM><DOWNLOAD_FILE>" + url + "</DOWNLOAD_FILE><LOCAL_FILE>" + path +
-                "</LOCAL_FILE></DOWNLOAD_ITEM>";
-    return text + "</DOWNLOAD>";
-}
-
 class HistoryWindow : public testing::Test
 {
 protected:
     // 1970-01-02 and the day after, in every time zone that is near UTC.
-    static constexpr int kFirstDay = 86400 + 43200;
-    static constexpr int kSecondDay = 2 * 86400 + 43200;
+    const std::string kFirstDay = "129600";
+    const std::string kSecondDay = "216000";
 
     HistoryWindow()
     {
@@ -62,9 +53,9 @@ protected:
     }
     void WriteTwoDays() const
     {
-        m_home.Write("History/1970-01-02", Record(kFirstDay, "http://a/", {{"u", "/s/x.jpg"}}) +
-                                               Record(kSecondDay, "http://c/", {{"v", "/s/y.jpg"}}));
-        m_home.Write("History/1970-01-03.txt", Record(kFirstDay + 5, "http://b/", {{"w", "/s/z.jpg"}}));
+        m_home.Write("History/1970-01-02",
+                     Record(kFirstDay, "http://a/", {"u>/s/x.jpg"}) + Record(kSecondDay, "http://c/", {"v>/s/y.jpg"}));
+        m_home.Write("History/1970-01-03.txt", Record("129605", "http://b/", {"w>/s/z.jpg"}));
     }
     static Names Rows(const Robot& robot)
     {
@@ -107,12 +98,11 @@ TEST_F(HistoryWindow, ListsTheFilesOfAPageWithTheirSizes)
 {
     const std::pair<const char*, int> sizes[] = {{"none", 0},   {"below", 1023}, {"one", 2047},
                                                  {"two", 2048}, {"Same", 5000},  {"same", 1}};
-    std::vector<std::pair<std::string, std::string>> files{
-        {"u", "no-folder"}, {"u", m_home.Path("folder/")}, {"u", m_home.Path("gone")}};
+    Names files{"u>no-folder", "u>" + m_home.Path("folder/"), "u>" + m_home.Path("gone")};
     for (const auto& [name, size] : sizes)
     {
         m_home.Write(name, std::string(static_cast<std::size_t>(size), 'x'));
-        files.emplace_back("http://h/" + std::string(name), m_home.Path(name));
+        files.push_back("http://h/>" + m_home.Path(name));
     }
     m_home.Write("History/1970-01-02", Record(kFirstDay, "page", files));
     Run([](Robot& robot) {
@@ -170,10 +160,9 @@ TEST_F(HistoryWindow, ClearsTheHistoryAndSaysSo)
 TEST_F(HistoryWindow, ShowsWhatCanBeShown)
 {
     const std::string longText(100'000, 'l');
-    m_home.Write("History/1970-01-02",
-                 Record(kFirstDay, "line\nend\t&lt;b&gt; 下载 \x1b[31m\xff", {{"u\nv", "/s/a\nb"}}) +
-                     Record(kFirstDay, longText, {{longText, "/s/" + longText}}));
-    m_home.Write("History/damaged", Record(kFirstDay, "lost", {{"u", "/s/x"}}) + "<DOWNLOAD>");
+    m_home.Write("History/1970-01-02", Record(kFirstDay, "line\nend\t&lt;b&gt; 下载 \x1b[31m\xff", {"u\nv>/s/a\nb"}) +
+                                           Record(kFirstDay, longText, {longText + ">/s/" + longText}));
+    m_home.Write("History/damaged", Record(kFirstDay, "lost", {"u>/s/x"}) + "<DOWNLOAD>");
     m_home.Write("History/foreign\nname", "<html></html>");
     Run([](Robot& robot) {
         const Names nodes = robot.TreeNodes(kWindow);

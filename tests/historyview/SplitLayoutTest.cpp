@@ -17,6 +17,7 @@ TEST(SplitLayout, GivesTheLastColumnWhatTheOthersLeave)
         {"the detail pane shrinks first", window, 206, {200, 1}},
         {"a bar alone", window, 205, {202, 0}},
         {"narrower than the first pane", window, 150, {147, 0}},
+        {"as wide as an edge", window, 3, {3, 0}},
         {"nothing", window, 0, {0, 0}},
         {"less than nothing", window, -7, {0, 0}},
         {"dragged to nothing", {{0, 0}, {0, 0}}, 100, {0, 95}},
