@@ -7,20 +7,16 @@
 #include "persist/HistoryStore.h"
 #include "tests/Application.h"
 #include "tests/MessageBox.h"
+#include "tests/download/Stage.h"
 
 #include "platform/com/Com.h"
-#include "platform/testing/HttpTestServer.h"
 #include "platform/testing/MemoryBrowser.h"
-#include "platform/testing/MemoryUrlCache.h"
 #include "platform/testing/Robot.h"
-#include "platform/testing/TempHome.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <condition_variable>
 #include <functional>
-#include <mutex>
 
 // A dialog whose run can be held up: the hook is called on the worker wherever the run shows something.
 template <class Dialog>
@@ -56,34 +52,26 @@ public:
     // Holds up who comes as the nth, and all behind.
     void Pass(int nth = 1)
     {
-        std::unique_lock lock(m_mutex);
         if (++m_calls < nth)
             return;
         m_held = true;
-        m_changed.wait(lock, [this] { return m_open; });
+        m_open.wait(false);
         m_held = false;
     }
-    void WaitUntilHeld(const Robot& robot)
+    void WaitUntilHeld(const Robot& robot) const
     {
-        const auto held = [this] {
-            const std::lock_guard lock(m_mutex);
-            return m_held;
-        };
-        robot.WaitUntil(held, "the run to be held up");
+        robot.WaitUntil([this] { return m_held.load(); }, "the run to be held up");
     }
     void Open()
     {
-        const std::lock_guard lock(m_mutex);
         m_open = true;
-        m_changed.notify_all();
+        m_open.notify_all();
     }
 
 private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    int m_calls = 0;
-    bool m_held = false;
-    bool m_open = false;
+    std::atomic<int> m_calls = 0;
+    std::atomic<bool> m_held = false;
+    std::atomic<bool> m_open = false;
 };
 
 using Names = std::vector<std::string>;
@@ -92,13 +80,12 @@ inline constexpr const char* kMainWindow = "Vantroy";
 inline constexpr const char* kDownloading = "Download files now...";
 inline constexpr const char* kComplete = "Download complete!";
 
-class AppTest : public testing::Test
+class AppTest : public testing::Test, protected Stage
 {
 protected:
     AppTest()
     {
         StartApplication();
-        m_home.Write("Download/.keep", "");
     }
 
     // Runs the dialog; the script ends it, or it is closed when the script is over.
@@ -171,18 +158,6 @@ protected:
             page.images.push_back({std::wstring(image.begin(), image.end())});
         return page;
     }
-    std::string Served(const std::string& path, const std::string& body)
-    {
-        m_server.Serve(path, body);
-        return m_server.Url(path);
-    }
-    std::vector<std::string> Saved() const
-    {
-        std::vector<std::string> names = m_home.Files("Download");
-        std::erase(names, ".keep");
-        return names;
-    }
-
     // What the history files hold: "page: item>saved as …; " for each page.
     static std::string History()
     {
@@ -199,10 +174,7 @@ protected:
         return text;
     }
 
-    TempHome m_home;
-    HttpTestServer m_server;
     MemoryBrowser m_browser;
-    MemoryUrlCache m_cache;
     CSideWindows m_sideWindows;
     std::function<void()> m_whenShowing;
     std::atomic<HWND> m_window{HWND{}}; // of the dialog, from its start on

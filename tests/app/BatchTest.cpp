@@ -54,10 +54,8 @@ protected:
 
 TEST_F(BatchRun, TakesEveryOpenPageAndStaysUntilItIsDismissed)
 {
-    m_home.Write("copy", "cached");
-    m_cache.Add("http://h/c.gif", m_home.Path("copy"));
     const std::string a = Served("/a.jpg", "one");
-    m_browser.SetWindows({Page(L"http://one/", L"One", {a, "http://h/c.gif"}),
+    m_browser.SetWindows({Page(L"http://one/", L"One", {a, Cached("http://h/c.gif", "cached")}),
                           MemoryWindow{MemoryWindow::Kind::Folder, {}, {}, {}, {}},
                           Page(L"about:blank", L"", {Served("/b.jpg", "two")}), Page(L"http://one/", L"One", {a})});
     RunAll([this](Robot& robot) {

@@ -42,9 +42,7 @@ TEST(RunModes, AreFoundAnywhereInTheLine)
 
 TEST_F(MainRun, BringsTheFilesOfTheTickedPages)
 {
-    m_home.Write("copy", "cached");
-    m_cache.Add("http://h/c.gif", m_home.Path("copy"));
-    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a.jpg", "one"), "http://h/c.gif"}),
+    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a.jpg", "one"), Cached("http://h/c.gif", "cached")}),
                           Page(L"http://two/", L"Two", {Served("/b.jpg", "two")})});
     RunMain([this](Robot& robot) {
         robot.Tick(1);
@@ -96,9 +94,7 @@ TEST_F(MainRun, ComesBackToIdleWhenTheBrowserFails)
 // buttons.
 TEST_F(MainRun, CancelsTheItemOrTheRun)
 {
-    const std::string cached = "http://h/first";
-    m_home.Write("copy", std::string(1 << 20, 'c'));
-    m_cache.Add(cached, m_home.Path("copy"));
+    const std::string cached = Cached("http://h/first", std::string(1 << 20, 'c'));
     const std::string served = Served("/first", std::string(1 << 20, 'b'));
     const std::string second = Served("/second", "second");
     for (const std::string& first : {cached, served})

@@ -16,9 +16,8 @@ protected:
     // A page with an item for HTTP and one that the browser holds.
     void OpenPages()
     {
-        m_home.Write("copy", "cached");
-        m_cache.Add("http://h/c.gif", m_home.Path("copy"));
-        m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a.jpg", "one"), "http://h/c.gif"})});
+        m_browser.SetWindows(
+            {Page(L"http://one/", L"One", {Served("/a.jpg", "one"), Cached("http://h/c.gif", "cached")})});
     }
     template <class Dialog>
     void LoseFolder(Dialog& dialog) const

@@ -1,7 +1,6 @@
 #include "persist/DownloadSetting.h"
 #include "tests/MessageBox.h"
 
-#include "platform/system/Registry.h"
 #include "platform/testing/Limits.h"
 #include "platform/testing/Robot.h"
 #include "platform/testing/TempHome.h"
@@ -49,14 +48,9 @@ protected:
         SetInstallPath("/def");
     }
 
-    static void SetInstallPath(const std::string& path)
+    void SetInstallPath(const std::string& path) const
     {
-        HKEY key = HKEY::Null;
-        ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, "SOFTWARE\\Orlenta\\Vantroy", &key), 0);
-        ASSERT_EQ(RegSetValueExA(key, "InstallPath", 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
-                                 static_cast<DWORD>(path.size() + 1)),
-                  0);
-        RegCloseKey(key);
+        m_home.Write("registry-user.ini", "[SOFTWARE\\Orlenta\\Vantroy]\nInstallPath=" + path + '\n');
     }
     // What a start of the program makes of a file of this content.
     std::string Loaded(const std::string& content) const
@@ -191,5 +185,5 @@ TEST_F(DownloadSettingTest, ASaveThatFailsSaysSoAndLeavesTheOldFile)
     std::filesystem::remove(m_home.Path("config.xml"));
     std::filesystem::create_directory(m_home.Path("config.xml"));
     ExpectRefusedSave(setting, "Permission denied");
-    EXPECT_EQ(m_home.Files(""), (std::vector<std::string>{"config.xml", "registry-user.ini", "registry.lock"}));
+    EXPECT_EQ(m_home.Files(""), (std::vector<std::string>{"config.xml", "registry-user.ini"}));
 }
