@@ -90,7 +90,8 @@ protected:
 
     // Runs the dialog; the script ends it, or it is closed when the script is over.
     template <class Dialog>
-    void Run(const std::function<void(Robot&)>& script, const std::function<void(Dialog&)>& prepare)
+    void Run(
+        const std::function<void(Robot&)>& script, const std::function<void(Dialog&)>& prepare = [](Dialog&) {})
     {
         RunScript(
             [&prepare, this] {

@@ -27,13 +27,12 @@ protected:
         setenv("http_proxy", ("http://127.0.0.1:" + std::to_string(m_server.Port())).c_str(),
                1); // to the update server
         std::vector<MemoryWindow> pages;
-        for (const wchar_t* title : {L"One", L"Two", L"Three"})
+        for (const std::string title : {"One", "Two", "Three"})
         {
             std::vector<std::string> images;
             for (int i = 0; i < 40; ++i)
-                images.push_back(
-                    Served("/" + std::string(1, static_cast<char>(title[0])) + std::to_string(i) + ".jpg", Body(i)));
-            pages.push_back(Page(L"http://" + std::wstring(title) + L"/", title, images));
+                images.push_back(Served('/' + title + std::to_string(i) + ".jpg", Body(i)));
+            pages.push_back(Page(L"http://" + std::to_wstring(pages.size()) + L"/", L"Page", images));
         }
         m_browser.SetWindows(pages);
         m_whenShowing = [] { std::this_thread::sleep_for(std::chrono::milliseconds(1)); };

@@ -28,14 +28,13 @@ protected:
     {
         StartApplication();
         m_home.Write("Download/.keep", "");
-        m_setting = std::make_unique<CDownloadSetting>();
-        m_setting->m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
+        m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
     }
 
     // The sheet is cancelled at the end if it still stands.
     void Open(const std::function<void(Robot&)>& script)
     {
-        RunScript([this] { RunSettingsSheet(*m_setting); },
+        RunScript([this] { RunSettingsSheet(m_setting); },
                   [&](Robot& robot) {
                       robot.WaitForWindow(kSheet);
                       script(robot);
@@ -46,8 +45,6 @@ protected:
     // What the file holds behind the folder, on one line.
     std::string Saved() const
     {
-        if (!m_home.Exists("config.xml"))
-            return "none";
         std::string text = m_home.Read("config.xml");
         text.erase(0, text.find("</SAVEFOLDER>") + 13);
         text.erase(text.find("</CONFIG>"));
@@ -57,13 +54,13 @@ protected:
     std::string Resolutions() const
     {
         std::string text;
-        for (const CResolution& size : *m_setting->m_resolutions.Get())
+        for (const CResolution& size : *m_setting.m_resolutions.Get())
             text += std::to_string(size.m_nWidth) + 'x' + std::to_string(size.m_nHeight) + ' ';
         return text;
     }
 
     TempHome m_home;
-    std::unique_ptr<CDownloadSetting> m_setting;
+    CDownloadSetting m_setting;
 };
 
 // The last word of each of these that can be used.
@@ -71,10 +68,7 @@ std::string Usable(const Robot& robot, const std::vector<std::string>& controls)
 {
     std::string text;
     for (const std::string& control : controls)
-    {
-        if (robot.IsEnabled(control))
-            text += control.substr(control.find_last_of(" x") + 1) + ' ';
-    }
+        text += robot.IsEnabled(control) ? control.substr(control.find_last_of(" x") + 1) + ' ' : "";
     return text;
 }
 
@@ -162,15 +156,15 @@ TEST_F(SettingsSheet, BoxesFollowEachOther)
         EXPECT_TRUE(robot.IsChecked("Images"));
         EXPECT_FALSE(robot.IsEnabled("Apply"));
     });
-    EXPECT_EQ(m_setting->m_bLimitFileSize, 0);
-    EXPECT_EQ(m_setting->m_bLimitResolution, 0);
-    m_setting->m_bImages = 0;
+    EXPECT_EQ(m_setting.m_bLimitFileSize, 0);
+    EXPECT_EQ(m_setting.m_bLimitResolution, 0);
+    m_setting.m_bImages = 0;
     Open([](Robot& robot) {
         EXPECT_TRUE(robot.IsChecked("Images"));
         EXPECT_FALSE(robot.IsChecked("Limit Images' Resolution"));
         robot.Press("OK");
     });
-    EXPECT_EQ(m_setting->m_bImages, 1);
+    EXPECT_EQ(m_setting.m_bImages, 1);
 }
 
 TEST_F(SettingsSheet, FoldersAreMadeOrRefusedWithoutLosingTheFile)
@@ -191,13 +185,13 @@ TEST_F(SettingsSheet, FoldersAreMadeOrRefusedWithoutLosingTheFile)
         {"/proc/vantroy", "No such file or directory"},
         {"/none/" + std::string(249, 'n'), "No such file or directory"},
     };
-    ASSERT_TRUE(m_setting->Save());
+    ASSERT_TRUE(m_setting.Save());
     for (const auto& [folder, message] : cases)
     {
         const std::string before = m_home.Read("config.xml");
         const bool typed = std::ranges::all_of(folder, [](char letter) { return letter > 0; });
         if (!typed)
-            m_setting->m_szSaveFolder.Set(CDownloadSetting::SaveFolder(folder));
+            m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(folder));
         Open([&](Robot& robot) {
             if (typed)
                 robot.Type("Save Folder", folder);
@@ -209,7 +203,7 @@ TEST_F(SettingsSheet, FoldersAreMadeOrRefusedWithoutLosingTheFile)
             robot.Answer("OK");
             EXPECT_TRUE(robot.IsEnabled("Apply"));
         });
-        EXPECT_EQ(m_setting->GetSaveFolder(), folder);
+        EXPECT_EQ(m_setting.GetSaveFolder(), folder);
         EXPECT_EQ(m_home.Read("config.xml") == before, !message.empty()) << folder;
         EXPECT_EQ(std::filesystem::is_directory(folder),
                   folder.starts_with('/') && (message.empty() || folder.ends_with('/')))
@@ -240,15 +234,15 @@ TEST_F(SettingsSheet, AFolderThatIsTooLongIsRefusedByItsEdit)
             ExpectBox(robot, "Please enter no more than 255 characters.");
             EXPECT_EQ(robot.FocusName(), focus);
         }
-        EXPECT_EQ(m_setting->GetSaveFolder(), m_home.Path("Download"));
+        EXPECT_EQ(m_setting.GetSaveFolder(), m_home.Path("Download"));
     });
     EXPECT_FALSE(m_home.Exists("config.xml"));
 }
 
 TEST_F(SettingsSheet, TicksOfResolutionsReachTheRecordAtOnceAndTheListWithItsOk)
 {
-    m_setting->m_bLimitResolution = 1;
-    m_setting->m_resolutions.Set({{7, 9}, {800, 600}});
+    m_setting.m_bLimitResolution = 1;
+    m_setting.m_resolutions.Set({{7, 9}, {800, 600}});
     Open([this](Robot& robot) {
         EXPECT_TRUE(robot.IsChecked("800x600"));
         robot.Press("1600x1200");
