@@ -20,6 +20,11 @@ QString MethodOf(const QJsonObject& request)
     return request.value("method").toString();
 }
 
+QString ScriptOf(const QJsonObject& request)
+{
+    return request.value("params").toObject().value("expression").toString();
+}
+
 // The first request of a look at a page.
 bool IsLookAt(const QJsonObject& request, int page)
 {
@@ -36,6 +41,21 @@ CComPtr<IShellWindows> Opened()
     return windows;
 }
 
+// What a program gets that opens the browsers of a name, lists their pages and ends.
+std::pair<HRESULT, List_t> Found(const std::string& named)
+{
+    const Registered registered(named);
+    CComPtr<IShellWindows> windows;
+    const HRESULT result = OpenCollection(windows);
+    return {result, windows ? List(windows) : List_t()};
+}
+
+// What a browser writes into its data folder.
+std::string PortFile(const FakeBrowser& browser)
+{
+    return std::to_string(browser.Port()) + "\n/devtools/browser/fake";
+}
+
 const List_t kThree{L"a|http://x/a", L"b|http://x/b", L"c|http://x/c"};
 
 class EitherProtocol : public testing::TestWithParam<std::string (FakeBrowser::*)() const>
@@ -46,7 +66,6 @@ protected:
         return (browser.*GetParam())();
     }
 };
-
 INSTANTIATE_TEST_SUITE_P(FakeBrowser, EitherProtocol,
                          testing::Values(&FakeBrowser::Endpoint, &FakeBrowser::BidiEndpoint));
 
@@ -69,23 +88,22 @@ TEST_P(EitherProtocol, MatchesRepliesThatComeOutOfOrderAmongOthers)
         if (!IsLookAt(request, 0) && !IsLookAt(request, 1) && !IsLookAt(request, 2))
             return false;
         held.push_back(request);
-        for (; held.size() == 3; held.clear())
+        if (held.size() < 3)
+            return true;
+        for (const std::size_t i : {2, 0, 1})
         {
-            for (const int i : {2, 0, 1})
-            {
-                send(R"({"method": "Page.frameNavigated", "sessionId": "s-page0", "params": {}})");
-                send(R"({"id": 99999, "result": {}})");
-                send(R"({"id": "text", "result": 1})");
-                send("[1, 2]");
-                send(R"({"id": )" + QString::number(held[0].value("id").toInt()));
-                self->Answer(held[static_cast<std::size_t>(i)], send);
-            }
+            send(R"({"method": "Page.frameNavigated", "sessionId": "s-page0", "params": {}})");
+            send(R"({"id": 99999, "result": {}})");
+            send(R"({"id": "text", "result": 1})");
+            send("[1, 2]");
+            send(R"({"id": )" + QString::number(held[0].value("id").toInt()));
+            self->Answer(held[i], send);
         }
+        held.clear();
         return true;
     });
     self = &browser;
-    const Registered registered(EndpointOf(browser));
-    EXPECT_EQ(List(Opened()), kThree);
+    EXPECT_EQ(Found(EndpointOf(browser)), std::pair(S_OK, kThree));
 }
 
 TEST_P(EitherProtocol, SilentPageCostsItsLimitOnceAndComesBack)
@@ -93,24 +111,22 @@ TEST_P(EitherProtocol, SilentPageCostsItsLimitOnceAndComesBack)
     std::atomic<bool> silent{true};
     std::vector<QJsonObject> held;
     const FakeBrowser browser({"a", "b"}, [&](const QJsonObject& request, const FakeBrowser::Send& send) {
-        if (!IsLookAt(request, 0))
-        {
-            if (!silent && !held.empty())
-                send(FakeBrowser::Reply(std::exchange(held, {})[0], {}));
-            return false;
-        }
-        if (silent)
+        const bool isHeld = silent && IsLookAt(request, 0);
+        if (isHeld)
             held.push_back(request);
-        return silent.load();
+        else if (!silent && !held.empty() && !IsLookAt(request, 0))
+            send(FakeBrowser::Reply(std::exchange(held, {})[0], {}));
+        return isHeld;
     });
     const Registered registered(EndpointOf(browser));
     const auto windows = Opened();
-    EXPECT_EQ(List(windows), (List_t{L"-", L"b|http://x/b"}));
+    const List_t without{L"-", L"b|http://x/b"};
+    EXPECT_EQ(List(windows), without);
     HRESULT failure = S_OK;
     EXPECT_FALSE(DocumentOf(windows, 0, &failure));
     EXPECT_EQ(failure, RPC_E_TIMEOUT);
     // One request only: looks after the first do not ask, and so do not wait.
-    EXPECT_EQ(List(windows), (List_t{L"-", L"b|http://x/b"}));
+    EXPECT_EQ(List(windows), without);
     silent = false;
     EXPECT_TRUE(WaitUntil([&] { return List(windows) == List_t({L"a|http://x/a", L"b|http://x/b"}); }));
 }
@@ -139,26 +155,22 @@ TEST_P(EitherProtocol, DyingBrowserFailsAllWaitingCalls)
 {
     std::atomic<int> waiting{0};
     FakeBrowser browser({"a"}, [&](const QJsonObject& request, const FakeBrowser::Send&) {
-        const QString script = request.value("params").toObject().value("expression").toString();
-        const bool isHeld = script.contains("'images'") || script.contains("'links'");
+        const bool isHeld = ScriptOf(request).contains("'images'");
         waiting += isHeld ? 1 : 0;
         return isHeld;
     });
     const Registered registered(EndpointOf(browser));
     std::vector<HRESULT> results(4, S_OK);
     std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < results.size(); ++i)
-    {
-        threads.emplace_back([&results, i] {
+    for (HRESULT& result : results)
+        threads.emplace_back([&result] {
             CoInitialize(nullptr);
             const auto windows = Opened();
             Count(windows);
-            CComPtr<IHTMLElementCollection> all;
-            const auto document = DocumentOf(windows, 0);
-            results[i] = i % 2 != 0 ? document->get_images(all.Receive()) : document->get_links(all.Receive());
+            CComPtr<IHTMLElementCollection> images;
+            result = DocumentOf(windows, 0)->get_images(images.Receive());
             CoUninitialize();
         });
-    }
     EXPECT_TRUE(WaitUntil([&] { return waiting == 4; }));
     const auto windows = Opened();
     browser.Die();
@@ -190,17 +202,16 @@ TEST_P(EitherProtocol, CancelledThreadLeavesItsCall)
     const FakeBrowser browser({"a"}, [&](const QJsonObject&, const FakeBrowser::Send&) { return isHeld = true; });
     const Registered registered(EndpointOf(browser));
     HRESULT result = S_OK;
-    const auto worker = AfxBeginThread(
-        [](void* out) -> UINT {
-            CoInitialize(nullptr);
-            LONG count = 0;
-            CComPtr<IShellWindows> windows;
-            const HRESULT opened = OpenCollection(windows);
-            *static_cast<HRESULT*>(out) = windows ? windows->get_Count(&count) : opened;
-            CoUninitialize();
-            return 0;
-        },
-        &result);
+    const auto look = [](void* out) -> UINT {
+        CoInitialize(nullptr);
+        LONG count = 0;
+        CComPtr<IShellWindows> windows;
+        const HRESULT opened = OpenCollection(windows);
+        *static_cast<HRESULT*>(out) = windows ? windows->get_Count(&count) : opened;
+        CoUninitialize();
+        return 0;
+    };
+    const auto worker = AfxBeginThread(look, &result);
     EXPECT_TRUE(WaitUntil([&] { return isHeld.load(); }));
     worker->CancelSynchronousIo();
     worker->Wait();
@@ -210,8 +221,7 @@ TEST_P(EitherProtocol, CancelledThreadLeavesItsCall)
 TEST_P(EitherProtocol, TakesAMessageOfManyMegabytesAndOddValues)
 {
     const FakeBrowser browser({"a"}, [](const QJsonObject& request, const FakeBrowser::Send& send) {
-        const QString script = request.value("params").toObject().value("expression").toString();
-        if (!script.contains("'images'"))
+        if (!ScriptOf(request).contains("'images'"))
             return false;
         QString value = QString(R"([["x\ud800y", 1e99, "7"], 5, null, [], ["%1", -3, 4]])").arg(QString(16 << 20, 'z'));
         if (MethodOf(request) == "script.evaluate")
@@ -251,19 +261,16 @@ TEST(FakeBrowser, SurvivesResultsOfAnyShape)
         R"({"type": "exception", "exceptionDetails": {}, "capabilities": {"moz:profile": 5}})",
         R"({"type": "success", "result": {"value": "{\"url\": 7, \"title\": [], \"html\": 1}"}})",
         R"({"result": {"value": {"url": 7, "title": [], "html": 1, "context": "x"}}})"};
-    const struct
-    {
-        std::string (FakeBrowser::*endpoint)() const;
-        const char* method;
-    } requests[] = {{&FakeBrowser::Endpoint, "Target.getTargets"},
-                    {&FakeBrowser::Endpoint, "Target.attachToTarget"},
-                    {&FakeBrowser::Endpoint, "Browser.getWindowForTarget"},
-                    {&FakeBrowser::Endpoint, "Page.createIsolatedWorld"},
-                    {&FakeBrowser::Endpoint, "Runtime.evaluate"},
-                    {&FakeBrowser::BidiEndpoint, "session.new"},
-                    {&FakeBrowser::BidiEndpoint, "session.end"},
-                    {&FakeBrowser::BidiEndpoint, "browsingContext.getTree"},
-                    {&FakeBrowser::BidiEndpoint, "script.evaluate"}};
+    const std::pair<std::string (FakeBrowser::*)() const, const char*> requests[] = {
+        {&FakeBrowser::Endpoint, "Target.getTargets"},
+        {&FakeBrowser::Endpoint, "Target.attachToTarget"},
+        {&FakeBrowser::Endpoint, "Browser.getWindowForTarget"},
+        {&FakeBrowser::Endpoint, "Page.createIsolatedWorld"},
+        {&FakeBrowser::Endpoint, "Runtime.evaluate"},
+        {&FakeBrowser::BidiEndpoint, "session.new"},
+        {&FakeBrowser::BidiEndpoint, "session.end"},
+        {&FakeBrowser::BidiEndpoint, "browsingContext.getTree"},
+        {&FakeBrowser::BidiEndpoint, "script.evaluate"}};
     for (const auto& [endpoint, method] : requests)
     {
         for (const char* shape : shapes)
@@ -276,11 +283,9 @@ TEST(FakeBrowser, SurvivesResultsOfAnyShape)
                 send(QString(R"({"id": %1, "result": %2})").arg(request.value("id").toInt()).arg(shape));
                 return true;
             });
-            const Registered registered((browser.*endpoint)());
-            CComPtr<IShellWindows> windows;
-            const HRESULT result = OpenCollection(windows);
+            const auto [result, pages] = Found((browser.*endpoint)());
             EXPECT_TRUE(result == S_OK || result == RPC_E_DISCONNECTED) << method << shape;
-            EXPECT_LE(windows ? List(windows).size() : 0, 2U) << method << shape;
+            EXPECT_LE(pages.size(), 2U) << method << shape;
         }
     }
 }
@@ -288,14 +293,9 @@ TEST(FakeBrowser, SurvivesResultsOfAnyShape)
 TEST(Endpoints, NamedBrowserHasToAnswerOnThisMachine)
 {
     FakeBrowser gone({"a"});
-    const std::string stale = gone.Endpoint();
     gone.Die();
-    const struct
-    {
-        std::string named;
-        HRESULT expected;
-    } cases[] = {
-        {stale, RPC_E_DISCONNECTED},
+    const std::pair<std::string, HRESULT> cases[] = {
+        {gone.Endpoint(), RPC_E_DISCONNECTED},
         {"http://127.0.0.1:" + std::to_string(gone.Port()), RPC_E_DISCONNECTED},
         {"/no/such/folder", RPC_E_DISCONNECTED},
         {"http://192.0.2.1:9222", E_INVALIDARG},
@@ -308,12 +308,7 @@ TEST(Endpoints, NamedBrowserHasToAnswerOnThisMachine)
         {"ws://browser.example/session", E_INVALIDARG},
     };
     for (const auto& [named, expected] : cases)
-    {
-        const Registered registered(named);
-        CComPtr<IShellWindows> windows;
-        EXPECT_EQ(OpenCollection(windows), expected) << named;
-        EXPECT_FALSE(windows);
-    }
+        EXPECT_EQ(Found(named), std::pair(expected, List_t())) << named;
 }
 
 TEST(Endpoints, FolderOfABrowserAndOfAProfile)
@@ -321,43 +316,30 @@ TEST(Endpoints, FolderOfABrowserAndOfAProfile)
     const TempHome home;
     const FakeBrowser open({"a"});
     const FakeBrowser asking({"b"}, nullptr, 404);
-    const auto fileOf = [](const FakeBrowser& browser, const char* path) {
-        return std::to_string(browser.Port()) + "\n" + path;
-    };
-    const struct
-    {
-        std::string file;
-        List_t expected;
-    } cases[] = {
-        {fileOf(open, "/devtools/browser/fake"), {L"a|http://x/a"}},
-        {fileOf(asking, "/devtools/browser/fake"), {L"b|http://x/b"}},
-        {fileOf(open, "/devtools/browser/another"), {}}, // left behind: the port is another browser's now
-        {"99999\n/devtools/browser/fake", {}},
-        {"", {}},
+    const std::pair<std::string, List_t> cases[] = {
+        {PortFile(open), {L"a|http://x/a"}},   {PortFile(asking), {L"b|http://x/b"}},
+        {PortFile(open) + "-of-another", {}}, // left behind: the port has been given anew
+        {"99999\n/devtools/browser/fake", {}}, {"", {}},
     };
     for (const auto& [file, expected] : cases)
     {
         home.Write("data/DevToolsActivePort", file);
         home.Write("data/Default/Preferences", "{}");
         for (const char* folder : {"data", "data/Default", "data/Default/"})
-        {
-            const Registered registered(home.Path(folder));
-            CComPtr<IShellWindows> windows;
-            EXPECT_EQ(OpenCollection(windows), expected.empty() ? RPC_E_DISCONNECTED : S_OK) << file;
-            EXPECT_EQ(windows ? List(windows) : List_t(), expected) << file;
-        }
+            EXPECT_EQ(Found(home.Path(folder)), std::pair(expected.empty() ? RPC_E_DISCONNECTED : S_OK, expected))
+                << file;
     }
 }
 
 TEST(Endpoints, FirefoxProfile)
 {
     const TempHome home;
-    std::atomic<int> sessions{0};
+    int sessions = 0;
     const FakeBrowser browser({"a"}, [&](const QJsonObject& request, const FakeBrowser::Send& send) {
         sessions -= MethodOf(request) == "session.end" ? 1 : 0;
         if (MethodOf(request) != "session.new")
             return false;
-        ++sessions;
+        EXPECT_EQ(++sessions, 1) << "the one before was not given back";
         send(FakeBrowser::Reply(request, {{"capabilities", QJsonObject{{"moz:profile", "/sandboxed/x.default"}}}}));
         return true;
     });
@@ -365,27 +347,25 @@ TEST(Endpoints, FirefoxProfile)
     const struct
     {
         const char* profile;
-        std::string file;
+        std::string host, port;
         HRESULT expected;
     } cases[] = {
-        {"x.default", R"({"ws_host": "127.0.0.1", "ws_port": )" + port + "}", S_OK},
-        {"x.default/", R"({"ws_host": "localhost", "ws_port": )" + port + "}", S_OK},
-        {"another", R"({"ws_host": "127.0.0.1", "ws_port": )" + port + "}", RPC_E_DISCONNECTED}, // was given anew
-        {"x.default", R"({"ws_host": "192.0.2.1", "ws_port": )" + port + "}", E_INVALIDARG},
-        {"x.default", R"({"ws_host": 7, "ws_port": )" + port + "}", E_INVALIDARG},
-        {"x.default", R"({"ws_host": "127.0.0.1", "ws_port": ")" + port + "\"}", RPC_E_DISCONNECTED},
-        {"x.default", R"({"ws_host": "127.0.0.1", "ws_port": 1e9})", RPC_E_DISCONNECTED},
-        {"x.default", "{" + std::string(9000, ' ') + R"("ws_host": "127.0.0.1", "ws_port": 1})", RPC_E_DISCONNECTED},
-        {"x.default", "", RPC_E_DISCONNECTED},
+        {"another", R"("127.0.0.1")", port, RPC_E_DISCONNECTED}, // was given anew
+        {"x.default", R"("127.0.0.1")", port, S_OK},
+        {"x.default/", R"("localhost")", port, S_OK},
+        {"x.default", R"("192.0.2.1")", port, E_INVALIDARG},
+        {"x.default", "7", port, E_INVALIDARG},
+        {"x.default", R"("127.0.0.1")", '"' + port + '"', RPC_E_DISCONNECTED},
+        {"x.default", R"("127.0.0.1")", "1e9", RPC_E_DISCONNECTED},
+        {"x.default", std::string(9000, ' ') + R"("127.0.0.1")", port, RPC_E_DISCONNECTED},
+        {"x.default", "", port, RPC_E_DISCONNECTED},
     };
-    for (const auto& [profile, file, expected] : cases)
+    for (const auto& [profile, address, number, expected] : cases)
     {
-        home.Write(std::string(profile) + "/WebDriverBiDiServer.json", file);
-        const Registered registered(home.Path(profile));
-        CComPtr<IShellWindows> windows;
-        EXPECT_EQ(OpenCollection(windows), expected) << profile << file;
-        EXPECT_EQ(windows ? Count(windows) : 0, expected == S_OK ? 1 : 0);
-        EXPECT_EQ(sessions, expected == S_OK ? 1 : 0) << profile;
+        home.Write(std::string(profile) + "/WebDriverBiDiServer.json",
+                   R"({"ws_host": )" + address + R"(, "ws_port": )" + number + "}");
+        EXPECT_EQ(Found(home.Path(profile)), std::pair(expected, expected == S_OK ? List_t{kThree[0]} : List_t()))
+            << profile << address << number;
     }
 }
 
@@ -400,10 +380,9 @@ TEST(Endpoints, KnownFoldersWithoutAName)
     const FakeBrowser first({"a"});
     const FakeBrowser second({"b"});
     const FakeBrowser third({"c"});
-    home.Write(".config/chromium/DevToolsActivePort", std::to_string(first.Port()) + "\n/devtools/browser/fake");
+    home.Write(".config/chromium/DevToolsActivePort", PortFile(first));
     home.Write(".config/vivaldi/DevToolsActivePort", "1\n/devtools/browser/left-behind");
-    home.Write(".var/app/org.chromium.Chromium/config/chromium/DevToolsActivePort",
-               std::to_string(second.Port()) + "\n/devtools/browser/fake");
+    home.Write(".var/app/org.chromium.Chromium/config/chromium/DevToolsActivePort", PortFile(second));
     home.Write(".mozilla/firefox/x.default/WebDriverBiDiServer.json",
                R"({"ws_host": "127.0.0.1", "ws_port": )" + std::to_string(third.Port()) + "}");
     home.Write("snap/firefox/common/.mozilla/firefox/y/WebDriverBiDiServer.json",
