@@ -15,9 +15,9 @@ protected:
     {
         m_dialog.Open(IDD_LIST);
         ASSERT_TRUE(m_list.SubclassDlgItem(IDC_LIST, &m_dialog));
-        EXPECT_EQ(m_list.SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES), 0u);
-        EXPECT_EQ(m_list.InsertColumn(0, "Title", 120), 0);
-        EXPECT_EQ(m_list.InsertColumn(1, "Address", 80), 1);
+        m_list.SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+        m_list.InsertColumn(0, "Title", 120);
+        m_list.InsertColumn(1, "Address", 80);
         m_dialog.m_onNotify = [this](NMHDR& head) {
             EXPECT_EQ(head.hwndFrom, m_list.m_hWnd);
             EXPECT_EQ(head.idFrom, UINT_PTR{IDC_LIST});
@@ -43,26 +43,6 @@ protected:
 
 } // namespace
 
-TEST_F(ListTest, RowsAndColumnsStandWhereTheyWerePut)
-{
-    EXPECT_EQ(m_list.GetExtendedStyle(), LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
-    EXPECT_EQ(m_list.InsertItem(0, "b"), 0);
-    EXPECT_EQ(m_list.InsertItem(0, "a"), 0);
-    EXPECT_EQ(m_list.InsertItem(99, "<i>c</i>"), 2);
-    EXPECT_TRUE(m_list.SetItemText(1, 1, "x"));
-    EXPECT_FALSE(m_list.SetItemText(3, 0, "x"));
-    EXPECT_EQ(m_list.GetItemText(1, 1), "x");
-    EXPECT_EQ(m_list.GetItemText(1, 7), "");
-    EXPECT_EQ(m_list.GetColumnCount(), 2);
-    const Robot robot;
-    EXPECT_EQ(robot.Columns(), (std::vector<std::string>{"Title", "Address"}));
-    EXPECT_EQ(robot.RowCount(), 3);
-    EXPECT_EQ(robot.Cell(0, 0) + robot.Cell(1, 0) + robot.Cell(1, 1) + robot.Cell(2, 0), "abx<i>c</i>");
-    EXPECT_TRUE(m_list.DeleteAllItems());
-    EXPECT_EQ(m_list.GetItemCount(), 0);
-    EXPECT_EQ(robot.RowCount(), 0);
-}
-
 TEST_F(ListTest, TicksComeFromMouseKeysAndProgram)
 {
     Fill(4);
@@ -72,18 +52,16 @@ TEST_F(ListTest, TicksComeFromMouseKeysAndProgram)
     EXPECT_EQ(std::count(m_rows.begin(), m_rows.end(), 2), 1);
     robot.Key("Home");
     robot.Key("Down");
-    robot.Key("Space");
-    EXPECT_TRUE(m_list.GetCheck(1));
-    robot.Key("Space");
-    EXPECT_FALSE(m_list.GetCheck(1));
-    m_notes.clear();
-    EXPECT_TRUE(m_list.SetCheck(0));
-    EXPECT_TRUE(robot.IsTicked(0));
-    EXPECT_TRUE(Noted(LVN_ITEMCHANGED));
-    EXPECT_TRUE(m_list.SetCheck(0, FALSE));
-    EXPECT_FALSE(robot.IsTicked(0));
-    EXPECT_FALSE(m_list.SetCheck(9));
-    EXPECT_FALSE(m_list.GetCheck(9));
+    for (const BOOL ticked : {TRUE, FALSE})
+    {
+        robot.Key("Space");
+        EXPECT_EQ(m_list.GetCheck(1), ticked);
+        m_notes.clear();
+        m_list.SetCheck(0, ticked);
+        EXPECT_EQ(robot.IsTicked(0), ticked);
+        EXPECT_TRUE(Noted(LVN_ITEMCHANGED));
+    }
+    EXPECT_FALSE(m_list.SetCheck(9) || m_list.GetCheck(9) || m_list.SetItemText(9, 0, "x") || m_list.DeleteColumn(2));
 }
 
 TEST_F(ListTest, ARightClickAnywhereAndTheMenuKeyAskForAMenu)
@@ -91,11 +69,8 @@ TEST_F(ListTest, ARightClickAnywhereAndTheMenuKeyAskForAMenu)
     Fill(2);
     const Robot robot;
     for (const int row : {1, -1})
-    {
-        m_notes.clear();
         robot.RightClickList(row);
-        EXPECT_EQ(std::count(m_notes.begin(), m_notes.end(), NM_RCLICK), 1) << row;
-    }
+    EXPECT_EQ(std::count(m_notes.begin(), m_notes.end(), NM_RCLICK), 2);
     m_notes.clear();
     robot.Key("Menu");
     EXPECT_TRUE(Noted(NM_RCLICK));
@@ -118,15 +93,14 @@ TEST_F(ListTest, ThousandsOfRowsAndAWorkerThatAddsToThem)
 {
     constexpr int kRows = 5000;
     Fill(kRows);
-    Worker worker([&] {
-        EXPECT_EQ(m_list.InsertItem(kRows, "the last"), kRows);
+    Worker([&] {
+        EXPECT_EQ(m_list.InsertItem(kRows + 99, "<i>the last</i>"), kRows);
         m_list.SetItemText(kRows, 1, "address");
         m_list.SetCheck(kRows);
-    });
-    worker.Wait();
+    }).Wait();
     const Robot robot;
     EXPECT_EQ(robot.RowCount(), kRows + 1);
-    EXPECT_EQ(robot.Cell(kRows, 0) + robot.Cell(kRows, 1), "the lastaddress");
+    EXPECT_EQ(robot.Cell(kRows, 0) + robot.Cell(kRows, 1), "<i>the last</i>address");
     EXPECT_TRUE(robot.IsTicked(kRows));
     robot.Tick(kRows - 1);
     EXPECT_TRUE(m_list.GetCheck(kRows - 1));
@@ -145,23 +119,6 @@ TEST_F(ListTest, NothingIsToldWhileRedrawingIsOff)
     m_list.SetItemText(0, 1, "told");
     m_list.SetItemText(0, 1, "told");
     EXPECT_EQ(m_notes, std::vector<UINT>{LVN_ITEMCHANGED});
-}
-
-TEST_F(ListTest, ColumnsGoAndComeWithTheirCells)
-{
-    Fill(1);
-    m_list.SetItemText(0, 1, "address");
-    EXPECT_EQ(m_list.InsertColumn(1, "Size", 70), 1);
-    EXPECT_TRUE(m_list.DeleteColumn(0));
-    EXPECT_FALSE(m_list.DeleteColumn(2));
-    const Robot robot;
-    EXPECT_EQ(robot.Columns(), (std::vector<std::string>{"Size", "Address"}));
-    EXPECT_EQ(robot.Cell(0, 0) + robot.Cell(0, 1), "address");
-    while (m_list.DeleteColumn(0))
-        m_list.DeleteAllItems();
-    EXPECT_EQ(m_list.InsertColumn(0, "Anew", 300), 0);
-    Fill(1);
-    EXPECT_EQ(robot.Cell(0, 0), "row 0");
 }
 
 // There Enter has no default button to press. The rows are others when the click is over.
