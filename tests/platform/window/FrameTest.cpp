@@ -1,8 +1,5 @@
 #include "TestFrame.h"
 
-#include <QApplication>
-#include <QWidget>
-
 using Names = std::vector<std::string>;
 
 TEST(Frames, StandBesideAModalDialogAndBothAreUsable)
@@ -63,32 +60,12 @@ TEST(Frames, LeaveNothingBehindWhenTheyCannotBeMade)
 
 TEST(Frames, GoWithTheirOwnerOrByTheirCloseBox)
 {
-    const TestFrame* frame = TestFrame::Open();
+    std::unique_ptr<TestFrame> frame(TestFrame::Open());
     const HWND tree = frame->Pane(0).m_tree.m_hWnd;
     EXPECT_TRUE(IsWindow(tree));
-    delete frame;
+    frame.reset();
     EXPECT_FALSE(IsWindow(tree));
     TestFrame::Open();
     Robot().CloseWindow("Frame");
     EXPECT_TRUE(ServeMessagesUntil([] { return g_living.use_count() == 1; }));
-}
-
-TEST(Frames, AreDrawnInTheColoursOfTheDesktop)
-{
-    const QPalette usual = QApplication::palette();
-    for (const QColor& face : {QColor(240, 240, 240), QColor(40, 40, 40)})
-    {
-        QApplication::setPalette(QPalette(face));
-        const TestFrame* frame = TestFrame::Open();
-        EXPECT_TRUE(ServeMessagesUntil([frame] { return frame->Pane(0).m_size.y > 100; }));
-        const auto windows = QApplication::topLevelWidgets();
-        QWidget* window = *std::ranges::find_if(windows, &QWidget::isVisible);
-        const QImage picture = window->grab().toImage();
-        const QPoint pane = window->findChild<QWidget*>("splitter")->mapTo(window, QPoint(1, 1)); // behind the border
-        EXPECT_EQ(picture.pixelColor(pane + QPoint(5, 5)), face);
-        EXPECT_GT(picture.pixelColor(pane + QPoint(5, 0)).lightness(), face.lightness());
-        EXPECT_LT(picture.pixelColor(pane + QPoint(5, 19)).lightness(), face.lightness());
-        delete frame;
-    }
-    QApplication::setPalette(usual);
 }

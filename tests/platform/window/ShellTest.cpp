@@ -43,15 +43,14 @@ TEST(Shell, WhatCannotBeOpenedFails)
 {
     const TempHome home;
     const RecordingPrograms programs(home, {"xdg-open"});
-    EXPECT_LE(Open(home.Path("missing")), 32);
-    EXPECT_LE(Open("--version"), 32);
-    EXPECT_LE(Open(""), 32);
+    for (const std::string& file : {home.Path("missing"), std::string("--version"), std::string()})
+        EXPECT_LE(Open(file), 32) << file;
     EXPECT_LE(Open(home.Folder(), "print"), 32);
     EXPECT_LE(Open(home.Folder(), "open", "parameters"), 32);
     EXPECT_LE(ShellExecuteA({}, "open", nullptr, nullptr, nullptr, SW_SHOW), 32);
+    EXPECT_FALSE(programs.HasRun("xdg-open"));
     fs::remove(programs.Path("xdg-open"));
     EXPECT_LE(Open(home.Folder()), 32);
-    EXPECT_FALSE(programs.HasRun("xdg-open"));
 }
 
 TEST(Shell, ACommandLineIsPartedIntoWordsAndNothingElse)
@@ -82,13 +81,8 @@ TEST(Shell, ACommandLineWithoutAProgramFails)
 {
     const TempHome home;
     const RecordingPrograms programs(home, {"show"});
-    home.Write("bin/text", "no program");
     for (const char* line : {"", " \t", "\"\" a", "show \"a", "\"show", "http://show", "show:a", "  mailto:show"})
-    {
         EXPECT_EQ(WinExec(line, SW_SHOW), ERROR_BAD_FORMAT) << line;
-    }
-    EXPECT_EQ(WinExec("missing a", SW_SHOW), ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(WinExec((programs.Path("text") + " a").c_str(), SW_SHOW), ERROR_ACCESS_DENIED);
     EXPECT_EQ(WinExec(nullptr, SW_SHOW), ERROR_BAD_FORMAT);
     EXPECT_FALSE(programs.HasRun("show"));
 }

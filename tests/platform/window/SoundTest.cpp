@@ -28,10 +28,9 @@ TEST(Sound, WhatCannotBePlayedIsSilent)
     home.Write("ding.wav", "");
     const RecordingPrograms programs(home, {"pw-play"});
     const std::string file = home.Path("ding.wav");
-    constexpr DWORD kLoop = 0x8;
     EXPECT_FALSE(PlaySoundA(home.Path("none.wav").c_str(), nullptr, SND_ASYNC));
     EXPECT_FALSE(PlaySoundA(home.Folder().c_str(), nullptr, SND_ASYNC));
-    EXPECT_FALSE(PlaySoundA(file.c_str(), nullptr, kLoop));
+    EXPECT_FALSE(PlaySoundA(file.c_str(), nullptr, 0x8)); // in a loop
     EXPECT_FALSE(PlaySoundA(file.c_str(), &home, SND_ASYNC));
     EXPECT_FALSE(programs.HasRun("pw-play"));
 }
