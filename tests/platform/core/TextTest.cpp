@@ -7,30 +7,25 @@
 namespace
 {
 
-constexpr const char* kFffd = "\xEF\xBF\xBD";
-
-struct PageCase
-{
-    UINT page;
-    const char* bytes;
-    const char* utf8;
-};
-
 TEST(CodePage, ComesFromTheOverrideOrTheLocale)
 {
-    EXPECT_EQ(ChooseCodePage(nullptr, "UTF-8"), 65001u);
-    EXPECT_EQ(ChooseCodePage(nullptr, "GB18030"), 936u);
-    EXPECT_EQ(ChooseCodePage(nullptr, "EUC-JP"), 932u);
-    EXPECT_EQ(ChooseCodePage(nullptr, "ISO-8859-1"), 1252u);
-    EXPECT_EQ(ChooseCodePage(nullptr, "ANSI_X3.4-1968"), 65001u);
-    EXPECT_EQ(ChooseCodePage("950", "UTF-8"), 950u);
-    EXPECT_EQ(ChooseCodePage("437", "UTF-8"), 65001u);
-    EXPECT_EQ(ChooseCodePage("", "EUC-KR"), 949u);
+    const std::tuple<const char*, const char*, UINT> rows[] = {
+        {nullptr, "UTF-8", 65001},
+        {nullptr, "GB18030", 936},
+        {nullptr, "EUC-JP", 932},
+        {nullptr, "ISO-8859-1", 1252},
+        {nullptr, "ANSI_X3.4-1968", 65001},
+        {"950", "UTF-8", 950},
+        {"437", "UTF-8", 65001},
+        {"", "EUC-KR", 949},
+    };
+    for (const auto& [named, locale, page] : rows)
+        EXPECT_EQ(ChooseCodePage(named, locale), page) << locale;
 }
 
 TEST(CodePage, ConvertsBothWays)
 {
-    static constexpr PageCase kCases[] = {
+    const std::tuple<UINT, const char*, const char*> rows[] = {
         {65001, "caf\xC3\xA9 \xE4\xB8\xAD \xF0\x9F\x98\x80", "caf\xC3\xA9 \xE4\xB8\xAD \xF0\x9F\x98\x80"},
         {936, "\xD6\xD0\xB9\xFA.jpg", "\xE4\xB8\xAD\xE5\x9B\xBD.jpg"},
         {932, "\x93\xFA\x96\x7B \xB1 \x83\x5C", "\xE6\x97\xA5\xE6\x9C\xAC \xEF\xBD\xB1 \xE3\x82\xBD"},
@@ -39,12 +34,11 @@ TEST(CodePage, ConvertsBothWays)
         {1252, "na\xEFve \x80", "na\xC3\xAFve \xE2\x82\xAC"},
         {936, "", ""},
     };
-    for (const PageCase& c : kCases)
+    for (const auto& [page, bytes, utf8] : rows)
     {
-        SCOPED_TRACE(std::to_string(c.page) + " " + c.utf8);
-        EXPECT_EQ(CodePageToUtf8(c.page, c.bytes), c.utf8);
-        EXPECT_EQ(Utf8ToCodePage(c.page, c.utf8), c.bytes);
-        EXPECT_EQ(WideToUtf8(Utf8ToWide(c.utf8)), c.utf8);
+        EXPECT_EQ(CodePageToUtf8(page, bytes), utf8);
+        EXPECT_EQ(Utf8ToCodePage(page, utf8), bytes);
+        EXPECT_EQ(WideToUtf8(Utf8ToWide(utf8)), utf8);
     }
     std::string longText;
     for (int i = 0; i < 5000; ++i)
@@ -54,32 +48,31 @@ TEST(CodePage, ConvertsBothWays)
 
 TEST(CodePage, ReplacesWhatCannotBeConverted)
 {
-    const std::string bad = kFffd;
     // Stray trail, overlong form, surrogate, beyond the last character, cut end: each byte counts by itself.
-    EXPECT_EQ(CodePageToUtf8(65001, "a\x80z"), "a" + bad + "z");
-    EXPECT_EQ(CodePageToUtf8(65001, "\xC0\xAF"), bad + bad);
-    EXPECT_EQ(CodePageToUtf8(65001, "\xED\xA0\x80"), bad + bad + bad);
-    EXPECT_EQ(CodePageToUtf8(65001, "\xF4\x90\x80\x80"), bad + bad + bad + bad);
-    EXPECT_EQ(CodePageToUtf8(65001, "\xE4\xB8"), bad + bad);
-    EXPECT_EQ(CodePageToUtf8(936, "a\xD6"), "a" + bad);
-    EXPECT_EQ(CodePageToUtf8(932, "\xFFz"), bad + "z");
+    const std::tuple<UINT, const char*, const char*> rows[] = {
+        {65001, "a\x80z", "a\uFFFDz"},
+        {65001, "\xC0\xAF", "\uFFFD\uFFFD"},
+        {65001, "\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
+        {65001, "\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {65001, "\xE4\xB8", "\uFFFD\uFFFD"},
+        {936, "a\xD6", "a\uFFFD"},
+        {932, "\xFFz", "\uFFFDz"},
+    };
+    for (const auto& [page, bytes, text] : rows)
+        EXPECT_EQ(CodePageToUtf8(page, bytes), text);
     EXPECT_EQ(Utf8ToCodePage(1252, "\xE4\xB8\xAD!\xF0\x9F\x98\x80"), "?!?");
     EXPECT_EQ(Utf8ToCodePage(936, "x\xF0\x9F\x98\x80\xE4\xB8\xAD"), "x?\xD6\xD0");
 }
 
 TEST(CodePage, WideTextWithSurrogates)
 {
-    const auto wide = [](std::initializer_list<unsigned> units) {
-        std::wstring text;
-        for (const unsigned unit : units)
-            text += static_cast<wchar_t>(unit);
-        return text;
-    };
-    EXPECT_EQ(WideToUtf8(wide({0xD83D, 0xDE00})), "\xF0\x9F\x98\x80");
-    EXPECT_EQ(WideToUtf8(wide({0xD83D, 'a', 0xDE00})), "?a?");
-    EXPECT_EQ(WideToUtf8(wide({0xD83D})), "?");
-    EXPECT_EQ(WideToUtf8(wide({0xFFFFFFFF, 0x110000})), "??");
-    EXPECT_EQ(Utf8ToWide("\xFF"), wide({0xFFFD}));
+    const std::pair<std::vector<unsigned>, const char*> rows[] = {{{0xD83D, 0xDE00}, "\xF0\x9F\x98\x80"},
+                                                                  {{0xD83D, 'a', 0xDE00}, "?a?"},
+                                                                  {{0xD83D}, "?"},
+                                                                  {{0xFFFFFFFF, 0x110000}, "??"}};
+    for (const auto& [units, text] : rows)
+        EXPECT_EQ(WideToUtf8(std::wstring(units.begin(), units.end())), text);
+    EXPECT_EQ(Utf8ToWide("\xFF"), L"\uFFFD");
 }
 
 TEST(CodePage, WideTextIntoARoom)
@@ -100,24 +93,15 @@ TEST(CodePage, WideTextIntoARoom)
 
 TEST(Mbcs, StepsByCharacter)
 {
-    struct StepCase
-    {
-        UINT page;
-        const char* text;
-        int step;
-    };
-    static constexpr StepCase kCases[] = {
+    const std::tuple<UINT, const char*, int> rows[] = {
         {65001, "", 0},         {65001, "ab", 1},         {65001, "\xC3\xA9x", 2},
         {65001, "\xC3", 1},     {65001, "\xE4\xB8", 1},   {65001, "\xF0\x9F\x98\x80", 4},
         {65001, "\x80\x80", 1}, {936, "\xD6\xD0", 2},     {936, "\xD6", 1},
         {936, "\xD6\"", 1},     {932, "\x83\x5C", 2},     {932, "\xB1\x41", 1},
         {949, "\xC7\xD1", 2},   {950, "\xA4\x5C\x5C", 2}, {1252, "\xD6\xD0", 1},
     };
-    for (const StepCase& c : kCases)
-    {
-        SCOPED_TRACE(std::to_string(c.page) + " " + c.text);
-        EXPECT_EQ(NextCharacter(c.page, c.text) - c.text, c.step);
-    }
+    for (const auto& [page, text, step] : rows)
+        EXPECT_EQ(NextCharacter(page, text) - text, step) << page << ' ' << text;
 }
 
 TEST(Mbcs, ComparesByCharacter)

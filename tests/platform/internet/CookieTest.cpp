@@ -31,22 +31,21 @@ protected:
     // What the Cookie header of each request had, "-" without one.
     std::vector<std::string> Sent(const std::string& host, const std::string& path, INTERNET_PORT port = 0)
     {
-        const std::size_t before = m_server.RequestHeads().size();
+        const auto before = static_cast<std::ptrdiff_t>(m_server.RequestHeads().size());
         const HINTERNET connection =
             InternetConnectA(m_internet, host.c_str(), port, "", "", INTERNET_SERVICE_HTTP, 0, 0);
         const HINTERNET request = HttpOpenRequestA(connection, "GET", path.c_str(), "HTTP/1.0", nullptr, nullptr, 0, 0);
         HttpSendRequestA(request, nullptr, 0, nullptr, 0);
         InternetCloseHandle(request);
         InternetCloseHandle(connection);
-        std::vector<std::string> sent;
-        const std::vector<std::string> heads = m_server.RequestHeads();
-        for (std::size_t i = before; i < heads.size(); ++i)
+        std::vector<std::string> heads = m_server.RequestHeads();
+        heads.erase(heads.begin(), heads.begin() + before);
+        for (std::string& head : heads)
         {
-            const std::size_t at = heads[i].find("\r\nCookie: ");
-            sent.push_back(at == std::string::npos ? "-"
-                                                   : heads[i].substr(at + 10, heads[i].find('\r', at + 2) - at - 10));
+            const std::size_t at = head.find("\r\nCookie: ");
+            head = at == std::string::npos ? "-" : head.substr(at + 10, head.find('\r', at + 2) - at - 10);
         }
-        return sent;
+        return heads;
     }
     void Redirect(const std::string& from, const std::string& to, const std::string& heads = "")
     {
@@ -72,12 +71,7 @@ TEST_F(Cookies, GoWhereTheyBelongAlone)
     };
     const std::string host = "site.example";
     const std::string name = "n=v";
-    struct Row
-    {
-        Cookie cookie;
-        std::string host, path, sent;
-    };
-    const Row rows[] = {
+    const std::tuple<Cookie, std::string, std::string, std::string> rows[] = {
         {wide, host, "/", name},
         {wide, "a.SITE.example", "/", name},
         {with(&Cookie::domain, ".site.example"), "a.site.example", "/", name},
@@ -124,17 +118,16 @@ TEST_F(Cookies, GoWhereTheyBelongAlone)
         {with(&Cookie::domain, "[2001:db8::1]"), "[2001:db8::1]", "/", name},
     };
     ASSERT_TRUE(InternetUseCookies(m_internet));
-    for (const Row& row : rows)
+    for (const auto& [cookie, at, path, sent] : rows)
     {
-        SCOPED_TRACE(testing::Message() << row.cookie.name << "=" << row.cookie.value.substr(0, 40) << " "
-                                        << row.cookie.domain << row.cookie.path << " at " << row.host << row.path);
-        m_source->cookies = {row.cookie};
-        EXPECT_EQ(Sent(row.host, row.path), Sent_t{row.sent});
+        SCOPED_TRACE(cookie.name + '=' + cookie.value.substr(0, 40) + ' ' + cookie.domain + cookie.path + " at " + at);
+        m_source->cookies = {cookie};
+        EXPECT_EQ(Sent(at, path), Sent_t{sent});
         // Beside one that is sound, it changes nothing.
-        m_source->cookies.push_back({.name = "sound", .value = "1", .domain = row.host});
-        const std::string both = Sent(row.host, row.path).at(0);
+        m_source->cookies.push_back({.name = "sound", .value = "1", .domain = at});
+        const std::string both = Sent(at, path).at(0);
         EXPECT_NE(both.find("sound=1"), std::string::npos) << both;
-        EXPECT_EQ(both.size(), row.sent == "-" ? 7 : row.sent.size() + 9);
+        EXPECT_EQ(both.size(), sent == "-" ? 7 : sent.size() + 9);
         EXPECT_EQ(m_server.RequestHeads().back().find("X-Evil"), std::string::npos);
     }
 }
