@@ -6,40 +6,30 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <thread>
 
 namespace
 {
 
-using namespace std::chrono_literals;
-
-// Replies to the request for the cookies with a text of JSON; with nothing while that is empty.
-FakeBrowser::Behaviour WithCookies(std::function<QString()> result)
+// Replies to the request for the cookies with a text of JSON.
+FakeBrowser::Behaviour Replying(const QString& text)
 {
-    return [result = std::move(result)](const QJsonObject& request, const FakeBrowser::Send& send) {
+    return [text](const QJsonObject& request, const FakeBrowser::Send& send) {
         if (request.value("method") != "Storage.getCookies")
             return false;
-        if (const QString text = result(); !text.isEmpty())
-            send(R"({"id": )" + QString::number(request.value("id").toInt()) + ", " + text + "}");
+        send(R"({"id": )" + QString::number(request.value("id").toInt()) + ", " + text + "}");
         return true;
     };
 }
 
 FakeBrowser::Behaviour WithCookies(const QString& cookies)
 {
-    return WithCookies([cookies] { return R"("result": {"cookies": [)" + cookies + "]}"; });
+    return Replying(R"("result": {"cookies": [)" + cookies + "]}");
 }
 
 QString CookieOf(const char* name, const char* domain, const QString& more = {})
 {
     return QString(R"({"name": "%1", "value": "v", "domain": "%2", "path": "/", "expires": -1, "secure": false%3})")
         .arg(name, domain, more);
-}
-
-void Connect()
-{
-    CComPtr<IShellWindows> windows;
-    ASSERT_EQ(OpenCollection(windows), S_OK);
 }
 
 // "name=value@domain/path" of what goes to a host.
@@ -77,21 +67,17 @@ TEST(BrowserCookies, TakesWhatMayGoAndSurvivesTheRest)
              ofX(R"(, "expires": "never")") + "," + ofX(R"(, "name": null)") + "," + CookieOf("last", "x"),
          "last=v@x/|"},
     };
-    for (const auto& [cookies, found] : rows)
-    {
-        const FakeBrowser browser({"a"}, WithCookies(cookies));
+    const auto find = [](const FakeBrowser::Behaviour& behaviour) {
+        const FakeBrowser browser({"a"}, behaviour);
         const Registered registered(browser.Endpoint());
-        Connect();
-        EXPECT_EQ(Found("x"), found) << cookies.toStdString();
-    }
+        Opened();
+        return Found("x");
+    };
+    for (const auto& [cookies, found] : rows)
+        EXPECT_EQ(find(WithCookies(cookies)), found) << cookies.toStdString();
     for (const char* text : {R"("result": {"cookies": {"name": "n"}})", R"("result": {"cookies": 7})",
                              R"("result": [])", R"("error": {"code": -32601})", R"("result": null)"})
-    {
-        const FakeBrowser browser({"a"}, WithCookies([text] { return text; }));
-        const Registered registered(browser.Endpoint());
-        Connect();
-        EXPECT_EQ(Found("x"), "") << text;
-    }
+        EXPECT_EQ(find(Replying(text)), "") << text;
 }
 
 TEST(BrowserCookies, AreThoseOfTheFirstBrowserThatHasOne)
@@ -102,10 +88,8 @@ TEST(BrowserCookies, AreThoseOfTheFirstBrowserThatHasOne)
     // Nothing is connected for their sake.
     EXPECT_EQ(Found("x.example"), "");
     EXPECT_EQ(first.Heads().size() + second.Heads().size(), 0U);
-    Connect();
-    const auto deadline = std::chrono::steady_clock::now() + 60s;
-    while (Found("x.example").empty() && std::chrono::steady_clock::now() < deadline)
-        std::this_thread::yield();
+    Opened();
+    EXPECT_TRUE(WaitUntil([] { return !Found("x.example").empty(); }));
     std::string browser;
     EXPECT_EQ(Found("a.x.example", browser), "one=v@.x.example/|");
     EXPECT_EQ(Found("y.example", browser), ""); // a redirect stays with the browser
@@ -118,28 +102,26 @@ TEST(BrowserCookies, OfASilentBrowserAreMissedUntilItSpeaks)
 {
     std::atomic<bool> isSilent{true};
     std::atomic<int> asked{0};
+    QJsonObject held;
     const FakeBrowser browser({"a"}, [&](const QJsonObject& request, const FakeBrowser::Send& send) {
-        static QJsonObject held;
-        if (request.value("method") == "Storage.getCookies")
-        {
-            held = request;
-            ++asked;
-        }
+        const bool isForCookies = request.value("method") == "Storage.getCookies";
+        asked += isForCookies ? 1 : 0;
+        held = isForCookies ? request : held;
         if (!isSilent && !held.isEmpty())
             WithCookies(CookieOf("n", "x"))(std::exchange(held, {}), send);
-        return request.value("method") == "Storage.getCookies";
+        return isForCookies;
     });
     const Registered registered(browser.Endpoint());
-    Connect();
+    Opened();
     EXPECT_EQ(Found("x"), "");
     EXPECT_EQ(asked, 1);
-    const auto deadline = std::chrono::steady_clock::now() + 60s;
     isSilent = false;
-    CComPtr<IShellWindows> windows;
-    EXPECT_EQ(OpenCollection(windows), S_OK);
-    while (Found("x").empty() && std::chrono::steady_clock::now() < deadline)
+    const auto windows = Opened();
+    const auto look = [&windows] {
         Count(windows); // anything that it is asked lets it speak
-    EXPECT_EQ(Found("x"), "n=v@x/|");
+        return Found("x") == "n=v@x/|";
+    };
+    EXPECT_TRUE(WaitUntil(look));
 }
 
 } // namespace

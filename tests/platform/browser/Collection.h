@@ -5,6 +5,8 @@
 #include "platform/browser/ObjectModel.h"
 #include "platform/com/Com.h"
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <cstdlib>
 #include <functional>
@@ -46,6 +48,13 @@ inline HRESULT OpenCollection(CComPtr<IShellWindows>& windows)
     if (result == S_OK)
         result = OleRun(object.Get());
     return result == S_OK ? object.QueryInterface(windows) : result;
+}
+
+inline CComPtr<IShellWindows> Opened()
+{
+    CComPtr<IShellWindows> windows;
+    EXPECT_EQ(OpenCollection(windows), S_OK);
+    return windows;
 }
 
 inline LONG Count(const CComPtr<IShellWindows>& windows)

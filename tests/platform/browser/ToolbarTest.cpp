@@ -4,6 +4,7 @@
 #include "platform/system/Registry.h"
 #include "platform/testing/RecordingPrograms.h"
 #include "platform/testing/TempHome.h"
+#include "tests/platform/browser/Collection.h"
 #include "tests/platform/browser/FakeBrowser.h"
 
 #include <gtest/gtest.h>
@@ -11,16 +12,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <thread>
 
 namespace
 {
 
-constexpr const char* kKey =
-    "Software\\Microsoft\\Internet Explorer\\Extensions\\{5B7D2C16-A94E-4F03-9C61-2E8F40D1B7A3}";
+const std::string kKey = "Software\\Microsoft\\Internet Explorer\\Extensions\\{5B7D2C16-A94E-4F03-9C61-2E8F40D1B7A3}";
 constexpr const char* kRunsProgram = "{1FBA04EE-3024-11D2-8F1F-0000F87ABD16}";
 const std::string kId = "mcdafhigjjcocleamdailkllpehldafh";
 const std::string kHost = "vantroy/browser/NativeMessagingHosts/example.vantroy.button.json";
@@ -28,19 +25,15 @@ const std::string kManifest = "vantroy/button/manifest.json";
 
 using Values = std::vector<std::pair<const char*, std::string>>;
 
-void AddKey(const Values& values, const std::string& path = kKey)
+// The button's key in the registry, or one below it.
+void AddKey(const Values& values, const std::string& below = "")
 {
     HKEY key = HKEY::Null;
-    RegCreateKeyA(HKEY_LOCAL_MACHINE, path.c_str(), &key);
+    RegCreateKeyA(HKEY_LOCAL_MACHINE, (kKey + below).c_str(), &key);
     for (const auto& [name, text] : values)
         RegSetValueExA(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
                        static_cast<DWORD>(text.size() + 1));
     RegCloseKey(key);
-}
-
-void RemoveKey()
-{
-    RegDeleteKeyA(HKEY_LOCAL_MACHINE, kKey);
 }
 
 // An open browser of vantroy-browser, which notes what it is told of extensions.
@@ -64,16 +57,14 @@ protected:
 
     bool Note(const QJsonObject& request, const FakeBrowser::Send& send)
     {
-        const QString method = request.value("method").toString();
-        if (!method.startsWith("Extensions."))
+        const std::string method = request.value("method").toString().toStdString();
+        if (!method.starts_with("Extensions."))
             return false;
         const QJsonObject params = request.value("params").toObject();
-        m_told.push_back(
-            (method + ' ' + params.value("path").toString() + params.value("id").toString()).toStdString());
-        if (m_refuses)
-            send(QString(R"({"id": %1, "error": {"code": -32000}})").arg(request.value("id").toInt()));
-        else
-            send(FakeBrowser::Reply(request, {}));
+        m_told.push_back(method + ' ' +
+                         (params.value("path").toString() + params.value("id").toString()).toStdString());
+        send(m_refuses ? QString(R"({"id": %1, "error": {"code": -32000}})").arg(request.value("id").toInt())
+                       : FakeBrowser::Reply(request, {}));
         return true;
     }
 
@@ -81,22 +72,10 @@ protected:
     {
         return m_home.Exists(file);
     }
-    bool WaitUntil(const std::string& file, bool stands) const
-    {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-        while (Has(file) != stands && std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        return Has(file) == stands;
-    }
     QJsonObject ReadJson(const std::string& file) const
     {
         return QJsonDocument::fromJson(QByteArray::fromStdString(m_home.Read(file))).object();
     }
-    std::string Load() const
-    {
-        return "Extensions.loadUnpacked " + m_home.Path("vantroy/button");
-    }
-
     TempHome m_home;
     bool m_refuses = false;
     std::vector<std::string> m_told; // of the fake's thread while it lives
@@ -130,10 +109,11 @@ TEST_F(Toolbar, FollowsTheRegistry)
     EXPECT_FALSE(ReadJson(kManifest).contains("host_permissions"));
 
     toolbar.emplace(); // what stands already is left alone
-    RemoveKey();
+    RegDeleteKeyA(HKEY_LOCAL_MACHINE, kKey.c_str());
     toolbar.reset();
     EXPECT_FALSE(Has(kHost) || Has(kManifest));
-    EXPECT_EQ(m_told, (std::vector<std::string>{Load(), Load(), "Extensions.uninstall " + kId}));
+    const std::string load = "Extensions.loadUnpacked " + m_home.Path("vantroy/button");
+    EXPECT_EQ(m_told, (std::vector<std::string>{load, load, "Extensions.uninstall " + kId}));
 }
 
 TEST_F(Toolbar, MakesGoodAtStartWhatWasChangedByHand)
@@ -141,18 +121,18 @@ TEST_F(Toolbar, MakesGoodAtStartWhatWasChangedByHand)
     AddKey({{"CLSID", kRunsProgram}, {"Exec", "/a"}});
     {
         const BrowserToolbar toolbar;
-        EXPECT_TRUE(WaitUntil(kManifest, true));
+        EXPECT_TRUE(WaitUntil([this] { return Has(kManifest); }));
     }
     m_home.Write("registry-machine.ini", "");
     {
         const BrowserToolbar toolbar;
-        EXPECT_TRUE(WaitUntil(kManifest, false));
+        EXPECT_TRUE(WaitUntil([this] { return !Has(kManifest); }));
     }
     m_home.Write(kHost, R"({"path": "/another/program"})"); // which has a home of its own
     {
         const BrowserToolbar toolbar;
         AddKey({{"CLSID", "{00000000-0000-0000-0000-000000000000}"}, {"Exec", "/a"}});
-        AddKey({{"CLSID", kRunsProgram}, {"Exec", ""}}, kKey + std::string("\\below"));
+        AddKey({{"CLSID", kRunsProgram}, {"Exec", ""}}, "\\below");
     }
     EXPECT_TRUE(Has(kHost));
     EXPECT_FALSE(Has(kManifest));
@@ -182,7 +162,7 @@ TEST_F(Toolbar, ABrowserThatRefusesIsTold)
     AddKey({{"CLSID", kRunsProgram}, {"Exec", "/a"}});
     {
         const BrowserToolbar toolbar;
-        EXPECT_TRUE(WaitUntil(kManifest, true));
+        EXPECT_TRUE(WaitUntil([this] { return Has(kManifest); }));
     }
     EXPECT_TRUE(refuses());
     m_browser.Die();

@@ -1,6 +1,5 @@
 #include "platform/files/File.h"
 #include "platform/files/FileCalls.h"
-#include "platform/files/FileFind.h"
 #include "platform/files/InstallHome.h"
 #include "platform/files/MirrorFile.h"
 #include "platform/files/Path.h"
@@ -11,34 +10,10 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace
 {
-
-TEST(File, OpensByItsFlags)
-{
-    const TempHome home;
-    home.Write("old", "12345");
-    CFile file;
-    EXPECT_FALSE(file.Open(home.Path("none"), CFile::modeRead));
-    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
-    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeCreate | CFile::modeNoTruncate | CFile::modeReadWrite));
-    EXPECT_EQ(file.SeekToEnd(), 5u);
-    EXPECT_TRUE(file.Write("67", 2) && file.SetLength(6) && file.Close());
-    EXPECT_EQ(home.Read("old"), "123456");
-
-    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeRead));
-    char block[10] = {};
-    std::size_t got = 0;
-    EXPECT_TRUE(file.Read(block, sizeof block, got));
-    EXPECT_EQ(std::string(block, got), "123456");
-    EXPECT_TRUE(file.Read(block, sizeof block, got) && got == 0);
-    EXPECT_FALSE(file.Write("x", 1));
-    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeCreate | CFile::modeWrite));
-    EXPECT_EQ(file.GetLength(), 0u);
-}
 
 TEST(File, RefusesWhatIsNoFile)
 {
@@ -64,25 +39,6 @@ TEST(File, StatusOfAPath)
     for (const std::string& name : {std::string("folder/"), std::string("nowhere"), std::string("folder/file/below"),
                                     std::string(300, 'n'), std::string()})
         EXPECT_FALSE(CFile::GetStatus(home.Path(name), status)) << name;
-}
-
-TEST(File, WaitsForTheLockOfAnother)
-{
-    const TempHome home;
-    home.Write("shared", "");
-    CFile second;
-    ASSERT_TRUE(second.Open(home.Path("shared"), CFile::modeReadWrite));
-    CFile first;
-    ASSERT_TRUE(first.Open(home.Path("shared"), CFile::modeReadWrite));
-    ASSERT_TRUE(first.LockRange(0, 100));
-    std::thread waiting([&second] {
-        EXPECT_TRUE(second.LockRange(50, 1));
-        EXPECT_TRUE(second.SeekToEnd() == 5 && second.Write("B", 1));
-    });
-    EXPECT_TRUE(first.Write("aaaaa", 5));
-    first.Close();
-    waiting.join();
-    EXPECT_EQ(home.Read("shared"), "aaaaaB");
 }
 
 TEST(MirrorFile, TakesItsPlaceWholeOrNotAtAll)
@@ -135,52 +91,6 @@ TEST(MirrorFile, LeavesAPlaceAloneThatIsNoLongerFree)
     late.SetPlace(home.Path("folder/next"));
     EXPECT_TRUE(late.Close());
     EXPECT_EQ(home.Read("folder/next"), "x");
-}
-
-TEST(FileFind, WalksAFolderByName)
-{
-    const TempHome home;
-    for (const char* name : {"2003-06-25", "2003-06-24", "a.b.c", ".hidden", "sub/file"})
-        home.Write(std::string("walk/") + name, "");
-    std::string found;
-    CFileFind find;
-    for (BOOL working = find.FindFile(home.Path("walk/*.*")); working;)
-    {
-        working = find.FindNextFile();
-        EXPECT_EQ(find.GetFilePath(), home.Path("walk/") + find.GetFileName());
-        const char* kind = find.IsDots() ? "." : find.IsDirectory() ? "/" : "";
-        found += find.GetFileTitle() + kind + ' ';
-    }
-    EXPECT_EQ(found, ".. ... .hidden 2003-06-24 2003-06-25 a.b sub/ ");
-    for (const char* none : {"none/*.*", "walk/*.xml", "walk/"})
-        EXPECT_FALSE(find.FindFile(home.Path(none))) << none;
-    ASSERT_TRUE(find.FindFile(home.Path("walk")));
-    EXPECT_FALSE(find.FindNextFile());
-    EXPECT_TRUE(find.IsDirectory());
-}
-
-TEST(FileCalls, FoldersAndDeleting)
-{
-    const TempHome home;
-    const std::pair<std::string, DWORD> folders[] = {{"a", ERROR_SUCCESS},
-                                                     {"a", ERROR_ALREADY_EXISTS},
-                                                     {"b/c", ERROR_PATH_NOT_FOUND},
-                                                     {std::string(300, 'n'), ERROR_FILENAME_EXCED_RANGE}};
-    for (const auto& [name, error] : folders)
-    {
-        SetLastError(ERROR_SUCCESS);
-        EXPECT_EQ(CreateDirectoryA(home.Path(name).c_str(), nullptr), error == ERROR_SUCCESS);
-        EXPECT_EQ(GetLastError(), error) << name;
-    }
-    home.Write("a/file", "x");
-    EXPECT_FALSE(DeleteFileA(home.Path("a").c_str()));
-    EXPECT_TRUE(DeleteFileA(home.Path("a/file").c_str()));
-    EXPECT_FALSE(DeleteFileA(home.Path("a/file").c_str()));
-    EXPECT_EQ(_chdir(home.Path("none").c_str()), -1);
-    const auto before = std::filesystem::current_path();
-    EXPECT_EQ(_chdir(home.Path("a").c_str()), 0);
-    EXPECT_TRUE(std::filesystem::equivalent(".", home.Path("a")));
-    std::filesystem::current_path(before);
 }
 
 // What a progress routine was told, and where it says stop.

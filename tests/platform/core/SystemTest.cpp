@@ -15,18 +15,6 @@
 namespace
 {
 
-TEST(LastError, HasATextForEachCode)
-{
-    char* text = nullptr;
-    const std::string full = "No space left on device";
-    EXPECT_EQ(FormatMessageA(0x1300, nullptr, ERROR_DISK_FULL, 1024, &text, 0, nullptr), full.size());
-    EXPECT_EQ(text, full);
-    EXPECT_EQ(LocalFree(text), nullptr);
-    EXPECT_EQ(FormatMessageA(0x1300, nullptr, 4711, 1024, &text, 0, nullptr), 0u);
-    EXPECT_EQ(text, nullptr);
-    LocalFree(nullptr);
-}
-
 TEST(LastError, ComesFromErrnoAndBelongsToTheThread)
 {
     const std::pair<int, DWORD> rows[] = {{ENOENT, ERROR_FILE_NOT_FOUND},

@@ -80,7 +80,6 @@ TEST_F(Cookies, GoWhereTheyBelongAlone)
         {own, "a.site.example", "/", "-"},
         {wide, "mysite.example", "/", "-"},
         {wide, "site.example.org", "/", "-"},
-        {wide, "example", "/", "-"},
         {with(&Cookie::domain, "a.site.example"), host, "/", "-"},
         {with(&Cookie::path, "/a"), host, "/a", name},
         {with(&Cookie::path, "/a"), host, "/a/b?c", name},
@@ -88,7 +87,6 @@ TEST_F(Cookies, GoWhereTheyBelongAlone)
         {with(&Cookie::path, "/a/"), host, "/a/b", name},
         {with(&Cookie::path, "/a"), host, "/", "-"},
         {with(&Cookie::secure, true), host, "/", "-"},
-        {with(&Cookie::expires, std::time(nullptr) + 1000), host, "/", name},
         {with(&Cookie::expires, std::time(nullptr) - 1000), host, "/", "-"},
         {with(&Cookie::expires, INT64_MAX), host, "/", name},
         {with(&Cookie::expires, INT64_MIN), host, "/", "-"},
@@ -96,7 +94,6 @@ TEST_F(Cookies, GoWhereTheyBelongAlone)
         {with(&Cookie::value, "a=\"b c\", \xC3\xBC%"), host, "/", "n=a=\"b c\", \xC3\xBC%"},
         {with(&Cookie::value, std::string(4095, 'v')), host, "/", "n=" + std::string(4095, 'v')},
         {with(&Cookie::value, std::string(4096, 'v')), host, "/", "-"},
-        {with(&Cookie::value, std::string(9 << 20, 'v')), host, "/", "-"},
         {with(&Cookie::value, "v\r\nX-Evil: 1"), host, "/", "-"},
         {with(&Cookie::value, "v\tw"), host, "/", "-"},
         {with(&Cookie::value, std::string("v\0w", 3)), host, "/", "-"},
@@ -181,19 +178,6 @@ TEST_F(Cookies, ThatAServerSetsEndWithTheExchange)
              "Set-Cookie: foreign=4; Domain=other.example\r\n");
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(Sent("site.example", "/go"), (Sent_t{"gone=1; old=1", "fresh=3; old=2"})) << i;
-}
-
-TEST_F(Cookies, AreSentOnlyWhenAskedFor)
-{
-    m_source->cookies = {{.name = "a", .value = "1", .domain = "site.example"}};
-    Redirect("http://site.example/go", "/end", "Set-Cookie: fresh=3\r\n");
-    EXPECT_EQ(Sent("site.example", "/go"), (Sent_t{"-", "-"}));
-    EXPECT_EQ(m_source->asked, Sent_t());
-    InternetUseCookies(m_internet);
-    EXPECT_EQ(Sent("site.example", "/end"), Sent_t{"a=1"});
-    SetCookieSource(nullptr);
-    EXPECT_EQ(Sent("site.example", "/go"), (Sent_t{"-", "-"}));
-    EXPECT_FALSE(InternetUseCookies(nullptr));
 }
 
 } // namespace

@@ -5,44 +5,28 @@
 
 TEST(ConsoleLine, HoldsBackWhatWouldSteerATerminal)
 {
-    struct Row
-    {
-        UINT page;
-        std::string bytes;
-        const char* clean;
-    };
-    const Row rows[] = {
+    const std::tuple<UINT, std::string, const char*> rows[] = {
         {65001, "a\x1b]0;x\x07z", "a\uFFFD]0;x\uFFFDz"},
         {65001, "a\rb\nc\x7f", "a\uFFFDb\uFFFDc\uFFFD"},
-        {65001, "\u009b2J", "\uFFFD2J"}, // a control of two bytes
-        {65001,
-         "\x9b"
-         "2J\xe4\xb8",
-         "\uFFFD2J\uFFFD\uFFFD"}, // the same as a broken byte, and a cut character
+        {65001, "\u009b2J", "\uFFFD2J"},                 // a control of two bytes
+        {65001, "\x9bJ\xe4\xb8", "\uFFFDJ\uFFFD\uFFFD"}, // the same as a broken byte, and a cut character
         {65001, "\u202egpj.exe\u2028", "\uFFFDgpj.exe\uFFFD"},
         {65001, "无标题 é 😀", "无标题 é 😀"},
         {936, "\xce\xde\x1b\xff\xce", "\xce\xde???"},
         {932, "\x83\x5c\x07", "\x83\x5c?"}, // a trail byte that looks like a backslash
         {1252, "caf\xe9\x9d\x0b", "caf\xe9??"},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(CleanText(row.page, row.bytes), row.clean) << row.page << " " << row.bytes;
+    for (const auto& [page, bytes, clean] : rows)
+        EXPECT_EQ(CleanText(page, bytes), clean) << page << " " << bytes;
     EXPECT_EQ(CleanText(65001, std::string("a\0b", 3)), "a\uFFFDb");
     EXPECT_EQ(CleanParagraph(65001, "Folder x.\r\nTry again.\n\n\tNow\n"), "Folder x. Try again. \uFFFDNow ");
 }
 
 TEST(ConsoleLine, FitsTheTerminal)
 {
-    struct Row
-    {
-        UINT page;
-        int columns;
-        std::vector<std::string> item;
-        std::vector<std::string> figures;
-        const char* line;
-    };
-    const std::vector<std::string> figures{"123 Bytes", "45% Complete"}; // 23 columns with their gap
-    const Row rows[] = {
+    using Fields = std::vector<std::string>;
+    const Fields figures{"123 Bytes", "45% Complete"}; // 23 columns with their gap
+    const std::tuple<UINT, int, Fields, Fields, const char*> rows[] = {
         {65001, 0, {"host", "/a"}, figures, "host  /a  123 Bytes  45% Complete"},
         {65001, 0, {"", "/a"}, {"", ""}, "/a"},
         {65001, 33, {"host", "/a"}, figures, "host  /a  123 Bytes  45% Complete"},
@@ -59,15 +43,10 @@ TEST(ConsoleLine, FitsTheTerminal)
         {65001, 7, {"无标题无标题"}, {}, "无…标题"},
         {65001, 8, {"无标题无标题"}, {}, "无标…题"},
         {936, 8, {"\xce\xde\xce\xde\xce\xde\xce\xde\xce\xde"}, {}, "\xce\xde\xa1\xad\xce\xde\xce\xde"},
-        {1252,
-         5,
-         {"caf\xe9 caf\xe9"},
-         {},
-         "ca\x85"
-         "f\xe9"},
+        {1252, 5, {"ca\xe9 ca\xe9"}, {}, "ca\x85\x61\xe9"},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(ConsoleLine(row.page, {row.item, row.figures}, row.columns), row.line) << row.columns;
+    for (const auto& [page, columns, item, ends, line] : rows)
+        EXPECT_EQ(ConsoleLine(page, {item, ends}, columns), line) << columns;
     const std::string huge(1 << 20, 'x');
     EXPECT_EQ(ConsoleLine(65001, {{huge}, figures}, 80).size(), 80 + std::string("…").size() - 1);
     EXPECT_EQ(ConsoleLine(65001, {{huge}, {}}, 0).size(), huge.size());

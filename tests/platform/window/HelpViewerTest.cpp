@@ -24,7 +24,7 @@ TEST(HelpViewer, ShowsTheNearestManual)
     RegisterHelpViewer(home.Path("share/manual"));
     const HtmlHelpFunction show = Viewer();
     ASSERT_TRUE(show);
-    EXPECT_FALSE(GetProcAddress(LoadLibraryA(kHelpViewerLibrary), MAKEINTRESOURCEA(15)));
+    EXPECT_FALSE(GetProcAddress(LoadLibraryA("HHctrl.ocx"), MAKEINTRESOURCEA(15)));
     const std::string file = home.Path("a $(id) \"b\"/name.chm");
     {
         const RecordingPrograms programs(home, {"xdg-open"});

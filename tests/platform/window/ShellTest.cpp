@@ -76,13 +76,3 @@ TEST(Shell, ACommandLineIsPartedIntoWordsAndNothingElse)
     EXPECT_GT(WinExec("\"two words\" \xFF", SW_SHOW), 31u);
     EXPECT_EQ(programs.Arguments("two words"), Words{"\xFF"});
 }
-
-TEST(Shell, ACommandLineWithoutAProgramFails)
-{
-    const TempHome home;
-    const RecordingPrograms programs(home, {"show"});
-    for (const char* line : {"", " \t", "\"\" a", "show \"a", "\"show", "http://show", "show:a", "  mailto:show"})
-        EXPECT_EQ(WinExec(line, SW_SHOW), ERROR_BAD_FORMAT) << line;
-    EXPECT_EQ(WinExec(nullptr, SW_SHOW), ERROR_BAD_FORMAT);
-    EXPECT_FALSE(programs.HasRun("show"));
-}
