@@ -282,7 +282,12 @@ TEST_F(SettingsSheet, TicksOfResolutionsReachTheRecordAtOnceAndTheListWithItsOk)
         robot.Press("More...");
         robot.ClickRow(0, false, kList);
         robot.Press("Remove", kList);
-        EXPECT_TRUE(robot.IsEnabled("OK", kList)); // though no row is left
+        robot.Press("OK", kList); // though no row is left
+        robot.WaitForNoWindow(kList);
+        robot.Press("More...");
+        EXPECT_FALSE(robot.IsEnabled("OK", kList));
+        AddSize(robot, "5", "6");
+        EXPECT_TRUE(robot.IsEnabled("OK", kList));
         robot.CloseWindow(kList);
         robot.WaitForNoWindow(kList);
     });
