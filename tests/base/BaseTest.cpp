@@ -1,3 +1,4 @@
+#include "base/ErrorMessage.h"
 #include "base/FormatText.h"
 #include "base/Guarded.h"
 
@@ -37,4 +38,10 @@ TEST(FormatText, FillsOnePlaceAndReadsDoublePercent)
     EXPECT_EQ(FormatText(2, "%s", "/a %s%d%%"), "Folder /a %s%d%% does not exist.\n%s");
     EXPECT_EQ(FormatText(3, "%s", "x"), "plain");
     EXPECT_EQ(FormatText(4, "%s", "x"), "");
+}
+
+TEST(ErrorMessage, IsNotShownForACodeWithoutAText)
+{
+    // Would never return if it showed a box.
+    ShowErrorMessage(0x3FFFFFFF);
 }

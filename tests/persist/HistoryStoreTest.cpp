@@ -99,7 +99,7 @@ TEST(HistoryStore, MergesRecordsOfOnePageAndMarksTheFirstEntryOfAnAddress)
     store.MarkFileDone("b", "/1");
     store.AddItem(ItemOf("p", {"b", "a", cut.c_str()}, 2000));
     store.MarkFileDone("b", "/2");
-    store.MarkFileDone("a", "/3");
+    store.MarkFileDone("a", "/longer");
     store.MarkFileDone("a", "/4");
     store.MarkFileDone(cut, "/5");
     store.MarkFileDone("nowhere", "/6");
