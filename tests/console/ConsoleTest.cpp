@@ -80,6 +80,7 @@ TEST(Console, EndsWithAStatusThatTellsHowItWent)
         {{.scenario = "one"}, 0, one, ""},
         {{.scenario = "one", .environment = {"CONSOLE_STATUS=7"}}, 7, one, ""},
         {{.scenario = "one", .environment = {"VANTROY_DESKTOP=console", "QT_QPA_PLATFORM=nonsense"}}, 0, one, ""},
+        {{.scenario = "one", .environment = {"DISPLAY=:98765"}}, 0, one, ""},
         {{.scenario = "one", .environment = {"VANTROY_CODEPAGE=936"}},
          0,
          kBegin + "host?]0;x?  /a?.jpg  10 Bytes  100% Complete\n" + kEnd,
