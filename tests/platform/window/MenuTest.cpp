@@ -2,6 +2,8 @@
 
 #include "platform/window/OwnerDraw.h"
 
+#include <atomic>
+
 using Entries = std::vector<std::string>;
 
 TEST(Menus, TheChosenEntryArrivesBeforeTheMenuReturns)
@@ -83,11 +85,12 @@ TEST(Menus, TheOwnerDrawsItsEntriesAndFindsTheirKeys)
     for (const int& data : kData)
         InsertMenuA(handle, kNoMenuEntry, MF_BYPOSITION | MF_OWNERDRAW | (data == 2 ? MF_CHECKED : 0), 40u + data,
                     reinterpret_cast<const char*>(&data));
-    std::map<UINT, UINT> states;
+    constexpr UINT kNotDrawn = ~0u;
+    std::atomic<UINT> second = kNotDrawn; // the state of the second entry
     RECT place{};
     std::vector<WPARAM> characters;
     std::vector<int> chosen;
-    LRESULT found = 0;
+    std::atomic<LRESULT> found = 0;
     dialog.m_answers[WM_MEASUREITEM] = [&](WPARAM, LPARAM lParam) {
         auto& item = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
         EXPECT_EQ(item.itemData, reinterpret_cast<DWORD_PTR>(&kData[item.itemID - 41]));
@@ -98,23 +101,24 @@ TEST(Menus, TheOwnerDrawsItsEntriesAndFindsTheirKeys)
     };
     dialog.m_answers[WM_DRAWITEM] = [&](WPARAM, LPARAM lParam) {
         const auto& item = *reinterpret_cast<DRAWITEMSTRUCT*>(lParam);
-        states[item.itemID] = item.itemState;
+        if (item.itemID == 42)
+            second = item.itemState;
         place = item.rcItem;
         return LRESULT{TRUE};
     };
     dialog.m_answers[WM_MENUCHAR] = [&](WPARAM wParam, LPARAM lParam) {
         characters.push_back(wParam);
         EXPECT_EQ(HmenuFromLParam(lParam), handle);
-        return found;
+        return found.load();
     };
     dialog.m_onAct = [&] { chosen.push_back(menu.TrackPopupMenu(TPM_RETURNCMD, 10, 10, &dialog)); };
     dialog.Play([&](Robot& robot) {
         robot.Press("Act");
-        robot.WaitUntil([&] { return states.count(42) > 0; }, "the entries");
+        robot.WaitUntil([&] { return second != kNotDrawn; }, "the entries");
         robot.Key("X"); // means nothing
         found = LRESULT{1} | LRESULT{MNC_SELECT} << 16;
         robot.Key("Y");
-        robot.WaitUntil([&] { return (states[42] & ODS_SELECTED) != 0; }, "the second entry to be highlighted");
+        robot.WaitUntil([&] { return (second & ODS_SELECTED) != 0; }, "the second entry to be highlighted");
         found = LRESULT{0} | LRESULT{MNC_EXECUTE} << 16;
         robot.Key("Z");
         robot.Press("Act");
@@ -126,7 +130,7 @@ TEST(Menus, TheOwnerDrawsItsEntriesAndFindsTheirKeys)
     });
     EXPECT_EQ(place.bottom - place.top, 31);
     EXPECT_GE(place.right - place.left, 123);
-    EXPECT_EQ(states[42] & ODS_CHECKED, ODS_CHECKED);
+    EXPECT_EQ(second & ODS_CHECKED, ODS_CHECKED);
     EXPECT_EQ(characters, (std::vector<WPARAM>{u'x' | 0x100000, u'y' | 0x100000, u'z' | 0x100000}));
     EXPECT_EQ(chosen, (std::vector<int>{41, 41}));
 }
