@@ -7,13 +7,49 @@
 #include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
 
+#include <atomic>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace
 {
+
+TEST(File, OpensByItsFlags)
+{
+    const TempHome home;
+    home.Write("old", "12345");
+    CFile file;
+    EXPECT_FALSE(file.Open(home.Path("none"), CFile::modeRead));
+    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeRead));
+    EXPECT_FALSE(file.Write("x", 1));
+    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeCreate | CFile::modeWrite));
+    EXPECT_EQ(file.GetLength(), 0u);
+}
+
+TEST(File, WaitsForTheLockOfAnother)
+{
+    const TempHome home;
+    // The second comes to its lock before or after the first one's writing.
+    for (int round = 0; round < 50; ++round)
+    {
+        home.Write("shared", "");
+        CFile first;
+        CFile second;
+        ASSERT_TRUE(first.Open(home.Path("shared"), CFile::modeReadWrite) && first.LockRange(0, 100));
+        std::atomic<bool> started = false;
+        std::thread waiting([&] {
+            started = second.Open(home.Path("shared"), CFile::modeReadWrite);
+            EXPECT_TRUE(second.LockRange(50, 1) && second.GetLength() == 5) << round;
+        });
+        for (int turns = round; !started || turns > 0; --turns)
+            std::this_thread::yield();
+        EXPECT_TRUE(first.Write("aaaaa", 5) && first.Close());
+        waiting.join();
+    }
+}
 
 TEST(File, RefusesWhatIsNoFile)
 {
