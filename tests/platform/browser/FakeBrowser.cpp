@@ -31,6 +31,7 @@ struct FakeBrowser::Server
     QTcpServer tcp;
     QWebSocketServer sockets{"fake", QWebSocketServer::NonSecureMode};
     std::vector<std::unique_ptr<QWebSocket>> clients;
+    QTcpSocket* line = nullptr; // of the last client
 };
 
 FakeBrowser::FakeBrowser(std::vector<std::string> titles, Behaviour behaviour, int versionStatus)
@@ -54,6 +55,13 @@ FakeBrowser::~FakeBrowser()
 void FakeBrowser::Die()
 {
     m_thread.Call([this] { m_server.reset(); });
+}
+
+void FakeBrowser::BreakOff()
+{
+    const QByteArray head("\x81\x7F\0\0\0\0\x0C\0\0\0", 10);
+    m_server->line->write(head + QByteArray(1 << 20, '['));
+    m_server->line->disconnectFromHost();
 }
 
 std::string FakeBrowser::Endpoint() const
@@ -89,6 +97,7 @@ void FakeBrowser::OnHead()
             m_heads.push_back(head.toStdString());
         }
         socket->disconnect();
+        m_server->line = socket;
         if (!head.startsWith("GET /json/version"))
             return m_server->sockets.handleConnection(socket);
         const QByteArray body = TextOf({{"webSocketDebuggerUrl", QString::fromStdString(Endpoint())}}).toUtf8();

@@ -33,6 +33,8 @@ public:
     std::string BidiEndpoint() const; // "ws://127.0.0.1:PORT/session"
     // Closes all connections and listens no more.
     void Die();
+    // Goes in the middle of a message of 200 MB. On the server's thread.
+    void BreakOff();
     // Heads of all requests so far.
     std::vector<std::string> Heads() const;
 

@@ -175,6 +175,20 @@ TEST_P(EitherProtocol, DyingBrowserFailsAllWaitingCalls)
     EXPECT_EQ(count, 0);
 }
 
+TEST_P(EitherProtocol, SocketThatIsCutInTheMiddleOfAMessageFailsTheLook)
+{
+    FakeBrowser* self = nullptr;
+    FakeBrowser browser({"a", "b"}, [&](const QJsonObject& request, const FakeBrowser::Send&) {
+        if (IsLookAt(request, 0))
+            self->BreakOff();
+        return IsLookAt(request, 0) || IsLookAt(request, 1);
+    });
+    self = &browser;
+    const Registered registered(EndpointOf(browser));
+    LONG count = -1;
+    EXPECT_EQ(Opened()->get_Count(&count), RPC_E_DISCONNECTED);
+}
+
 TEST_P(EitherProtocol, CancelledThreadLeavesItsCall)
 {
     std::atomic<bool> isHeld{false};
