@@ -10,6 +10,7 @@ namespace
 {
 
 const Line* g_present = nullptr;
+bool g_isWarmingUp = false;
 
 bool IsAskedFor(const Line& line, const std::vector<std::string>& names)
 {
@@ -20,6 +21,9 @@ void Measure(const Line& line, int rounds)
 {
     g_present = &line;
     const std::function<void()> round = line.round; // a copy, which holds what the line needs
+    g_isWarmingUp = true;
+    round();
+    g_isWarmingUp = false;
     for (int done = 0; done < rounds; ++done)
         round();
 }
@@ -48,6 +52,8 @@ int RunLines(int argc, char** argv, const std::vector<Line>& lines)
 
 void Record(const std::string& series, double value, int size)
 {
+    if (g_isWarmingUp)
+        return;
     std::printf("%s\t%s\t%d\t%.6f\n", g_present->name.c_str(), series.c_str(), size, value);
     std::fflush(stdout);
 }

@@ -47,11 +47,7 @@ LINES = [
     Line('big', 'one file of 500 MB over HTTP', 'bench_fetch',
          'The same run and the same `curl`. The memory is the peak of the whole process, less the body.',
          [Beside(('curl',), 1.1), AtMost('memory above the body', 64, ' MB')],
-         note='The body is held in memory and becomes a file when it is whole, so its bytes are written behind the last '
-              'one received, where `curl` writes while it receives. In profiles most of the time went into fresh pages '
-              'for the file beside those of the body; since a body is given back as it is written, the file takes the same '
-              'pages, which cut the processor time of the writing from between 0.1 and 1.2 s, as the machine had pages at '
-              'hand, to a steady 0.1 s. Writing in blocks without giving back did not help.'),
+         times=2),
     Line('harvest', 'a page with 20,000 images and 20,000 links', 'bench_browser',
          'The walk of a run over the page, as far as the list of addresses. The peer is one `Runtime.evaluate` of both '
          'collections over a blocking socket, whose reply is dropped.',
@@ -83,6 +79,6 @@ LINES = [
          targets=('vantroy', 'bench_bare_window', 'bench_first_paint'), times=2),
     Line('progress', 'progress on and off, one file of 300 MB', 'bench_fetch',
          'The fetch loop with the progress window on show, and without one.', [Beside(('off',), 1.05, 'on')],
-         note='The window costs a stored word for each block of 4 KB and a posted message for each percent, and paints 60 '
+         note='The window costs a stored word for each block of 4 KB and a posted message for each percent, and paints 30 '
               'times a second at most; on few processors it paints in the time of worker and server.'),
 ]

@@ -10,12 +10,12 @@
 
 #include "platform/files/FileCalls.h"
 #include "platform/internet/Internet.h"
-#include "platform/system/Memory.h"
 
 #include <functional>
 #include <string>
 
 class CCacheLookup;
+class CFetchedBody;
 class CProgressFields;
 class CUrlList;
 struct INTERNET_CACHE_ENTRY_INFOA;
@@ -40,9 +40,9 @@ public:
     // Fetches one address by one GET and stores it. True if the exchange reached the body, also if the item was then
     // cancelled or not stored.
     bool FetchByHttp(const std::string& url, HINTERNET internet);
-    // Writes a fetched body, which it uses up, into the save folder: the full path of the new file, or empty if nothing
-    // was stored. The file appears whole, in a place where nothing stands.
-    std::string SaveFetchedData(const std::string& name, GlobalPtr<char> data, DWORD size);
+    // Puts a fetched body into the save folder: the full path of the new file, or empty if nothing was stored. The file
+    // appears whole, in a place where nothing stands.
+    std::string SaveFetchedData(const std::string& name, CFetchedBody& body);
 
     // The progress routine of a copy; `data` is the run. See CopyFileExA.
     static DWORD CopyProgressProc(LARGE_INTEGER total, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER, DWORD,
@@ -85,8 +85,5 @@ private:
     void ShowItem(const std::string& from, const std::string& file, DWORD size);
     void ShowFiltered(const std::string& from, const std::string& file);
     bool MayGoOn() const;
-    // How many bytes came.
-    DWORD ReceiveBody(HINTERNET request, char* body, DWORD size);
-    // As SaveFetchedData, with zeros up to the size behind what was received.
-    std::string SaveBody(const std::string& name, GlobalPtr<char> data, DWORD received, DWORD size);
+    void ReceiveBody(HINTERNET request, CFetchedBody& body);
 };

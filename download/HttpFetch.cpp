@@ -2,13 +2,11 @@
 
 #include "base/InternetHandles.h"
 #include "base/Paths.h"
+#include "download/FetchedBody.h"
 #include "download/ProgressFields.h"
-
-#include "platform/files/MirrorFile.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -18,7 +16,6 @@ namespace
 
 constexpr std::size_t kShortestUrl = 8;
 constexpr DWORD kBlockSize = 4096;
-constexpr DWORD kWriteSize = 8u << 20;
 
 struct HostAndPath
 {
@@ -58,21 +55,6 @@ std::optional<DWORD> ContentLengthOf(HINTERNET request)
     return static_cast<DWORD>(size);
 }
 
-// What is written is given back as it goes: the machine then takes the same pages for the file, where body and file
-// side by side would need fresh ones for all of it.
-bool WriteUp(CMirrorFile& file, const GlobalPtr<char>& data, DWORD size)
-{
-    for (DWORD done = 0; done < size;)
-    {
-        const DWORD count = std::min(kWriteSize, size - done);
-        if (!file.Write(data.get() + done, count))
-            return false;
-        done += count;
-        GlobalDiscard(data.get(), done);
-    }
-    return true;
-}
-
 } // namespace
 
 bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
@@ -97,13 +79,13 @@ bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
         return false;
     }
     ShowItem(host, path, *size);
-    GlobalPtr<char> body(static_cast<char*>(GlobalAlloc(GPTR, *size)));
-    if (!body)
+    CFetchedBody body(PathInFolder(m_setting.GetSaveFolder(), ""), *size);
+    if (!body.IsAllocated())
         return true;
-    const DWORD received = ReceiveBody(request.get(), body.get(), *size);
+    ReceiveBody(request.get(), body);
     if (*size == 0 || !MayGoOn())
         return true;
-    const std::string stored = SaveBody(ItemNameOf(path), std::move(body), received, *size);
+    const std::string stored = SaveFetchedData(ItemNameOf(path), body);
     if (!stored.empty())
         OnFileStored(url, stored);
     return true;
@@ -111,44 +93,25 @@ bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
 
 // Bytes that never arrive stay zero. Bytes beyond the promised size are dropped, and so is the connection then: a
 // server could send them for ever.
-DWORD CDownloadRun::ReceiveBody(HINTERNET request, char* body, DWORD size)
+void CDownloadRun::ReceiveBody(HINTERNET request, CFetchedBody& body)
 {
     char block[kBlockSize];
     DWORD count = 0;
-    DWORD received = 0;
     while (InternetReadFile(request, block, kBlockSize, &count) && MayGoOn())
     {
         if (count == 0)
         {
-            ProgressFields().SetProgress(size, size);
+            ProgressFields().SetProgress(body.Size(), body.Size());
             break;
         }
-        const DWORD taken = std::min(count, size - received);
-        std::memcpy(body + received, block, taken);
-        received += taken;
-        ProgressFields().SetProgress(received, size);
-        if (received == size)
+        body.Append(block, count);
+        ProgressFields().SetProgress(body.Received(), body.Size());
+        if (body.Received() == body.Size())
             break;
     }
-    return received;
 }
 
-std::string CDownloadRun::SaveFetchedData(const std::string& name, GlobalPtr<char> data, DWORD size)
+std::string CDownloadRun::SaveFetchedData(const std::string& name, CFetchedBody& body)
 {
-    return SaveBody(name, std::move(data), size, size);
-}
-
-// The zeros are a hole of the file: what a server promises and does not send takes no room on the disk. What is written
-// once is not there for a second time, so a file whose place was taken meanwhile goes to the next one as it is.
-std::string CDownloadRun::SaveBody(const std::string& name, GlobalPtr<char> data, DWORD received, DWORD size)
-{
-    CMirrorFile file;
-    bool written = false;
-    return StoreInFreePlace(name, size, [&](const std::string& path) {
-        if (written)
-            file.SetPlace(path);
-        else if (file.Open(path, CMirrorFile::Place::Free))
-            written = WriteUp(file, data, received) && file.SetLength(size);
-        return written && file.Close();
-    });
+    return StoreInFreePlace(name, body.Size(), [&body](const std::string& path) { return body.Store(path); });
 }

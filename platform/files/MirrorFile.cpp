@@ -40,11 +40,11 @@ DWORD RefusalOf(const std::string& path, bool stands, CMirrorFile::Place place)
 }
 
 // A file that has no name and goes with its last descriptor; below 0 where the file system knows none.
-int OpenNameless(const std::string& folder)
+int OpenTemporary(const std::string& folder)
 {
     if (access("/proc/self/fd", X_OK) != 0)
         return -1;
-    return open(NativePath(folder.empty() ? "." : folder).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFile);
+    return open(NativePath(folder.empty() ? "." : folder).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFile);
 }
 
 } // namespace
@@ -75,9 +75,17 @@ bool CMirrorFile::Open(const std::string& path, Place place)
     return true;
 }
 
+bool CMirrorFile::OpenNameless(const std::string& folder)
+{
+    Abort();
+    m_place = Place::Free;
+    m_descriptor = OpenTemporary(folder);
+    return m_descriptor >= 0;
+}
+
 bool CMirrorFile::OpenBeside()
 {
-    m_descriptor = OpenNameless(FolderOf(m_target));
+    m_descriptor = OpenTemporary(FolderOf(m_target));
     if (m_descriptor >= 0)
         return true;
     if (!CFile::Open(m_beside, modeCreate | modeWrite))
@@ -117,7 +125,7 @@ bool CMirrorFile::Close()
 {
     const bool taken = TakePlace();
     const DWORD error = GetLastError();
-    if (!taken && m_place == Place::Free && error == ERROR_ALREADY_EXISTS)
+    if (!taken && m_place == Place::Free && (error == ERROR_ALREADY_EXISTS || error == ERROR_NOT_SAME_DEVICE))
         return false;
     if (taken)
         m_name.clear();

@@ -23,13 +23,19 @@ public:
     // no new file, or if the place is not free where it has to be: ERROR_ALREADY_EXISTS. A link is followed, and a file
     // that stands there hands its permissions on.
     bool Open(const std::string& path, Place place = Place::Any);
+    // A file that has no place before SetPlace gives it one, which has to be free; nothing stands in the folder before.
+    // False as by Open, and where the file system knows no files without a name.
+    bool OpenNameless(const std::string& folder);
     using CFile::Flush;
+    using CFile::Read;
+    using CFile::SeekTo;
     using CFile::SetLength;
     using CFile::Write;
     // Puts the new file into its place. False, with the last error set as by Open, if that cannot be done: what stands
-    // there stays. A file whose free place was taken meanwhile (ERROR_ALREADY_EXISTS) stays open for another one.
+    // there stays. A file whose place is no longer free (ERROR_ALREADY_EXISTS) or lies on another file system
+    // (ERROR_NOT_SAME_DEVICE) stays open for another place.
     bool Close();
-    // Another free place in the same folder.
+    // The free place to take, on the same file system.
     void SetPlace(const std::string& path);
     // Drops what was written.
     void Abort();

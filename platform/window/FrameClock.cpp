@@ -7,7 +7,7 @@
 
 namespace
 {
-constexpr std::chrono::milliseconds kFrame(16);
+constexpr std::chrono::milliseconds kFrame(33);
 }
 
 FrameClock::FrameClock(TaskQueue& tasks) : m_tasks(tasks), m_timer(std::make_unique<QTimer>())

@@ -11,6 +11,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <thread>
 
@@ -50,14 +53,53 @@ TEST(FetchLoop, SendsTheCookiesUnlessTheRegistrySaysNo)
     }
 }
 
-TEST(FetchLoop, ABodyOfSeveralWritesArrivesWhole)
+// A long body is on the disk before it is whole, but in no folder. Whatever becomes of disk and folder on the way, the
+// file is there whole in the end, or not at all.
+TEST(FetchLoop, ALongBodyIsWrittenOnTheWay)
 {
-    TestRun run;
-    std::string body((20u << 20) + 1, '\0');
+    std::string body((9u << 20) + 1, '\0');
     for (std::size_t at = 0; at < body.size(); ++at)
         body[at] = static_cast<char>((at >> 12) % 251);
-    run.Download({run.Served("/big.mp3", body)});
-    EXPECT_TRUE(run.Content("big.mp3") == body);
+    std::string elsewhere = "/dev/shm/vantroy-test-XXXXXX"; // another file system
+    ASSERT_TRUE(mkdtemp(elsewhere.data()));
+    std::unique_ptr<FullDisk> disk;
+    const auto fill = [&disk] { disk = std::make_unique<FullDisk>(1u << 20); };
+    const auto moveTo = [&elsewhere](TestRun& run) {
+        run.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(elsewhere));
+    };
+    struct Case
+    {
+        const char* name;
+        std::function<void()> before;
+        std::function<void(TestRun&)> halfWay;
+        bool arrives;
+    };
+    const Case cases[] = {
+        {"nothing", [] {}, [](TestRun&) {}, true},
+        {"another save folder", [] {}, moveTo, true},
+        {"a full disk that gets room", fill, [&disk](TestRun&) { disk.reset(); }, true},
+        {"a full disk", fill, [](TestRun&) {}, false},
+        {"cancelled", [] {}, [](TestRun& run) { run.m_bFetchCurrent = 0; }, false},
+    };
+    for (const Case& c : cases)
+    {
+        TestRun run;
+        const std::string url = run.Served("/long.mp3", body);
+        int shown = 0;
+        run.m_whenShowing = [&] {
+            if (++shown == 400) // of 4 KB each
+                c.halfWay(run);
+        };
+        c.before();
+        run.Download({url});
+        disk.reset();
+        const TempHome folder(run.m_setting.GetSaveFolder());
+        EXPECT_EQ(run.m_stored, c.arrives ? Names{url + " -> long.mp3"} : Names{}) << c.name;
+        EXPECT_EQ(run.Saved().size() + TempHome(elsewhere).Files("").size(), c.arrives ? 1u : 0u) << c.name;
+        EXPECT_TRUE(!c.arrives || folder.Read("long.mp3") == body) << c.name;
+        std::filesystem::remove(elsewhere + "/long.mp3");
+    }
+    std::filesystem::remove(elsewhere);
 }
 
 TEST(FetchLoop, OverwritesNothingAndStoresNothingTwice)

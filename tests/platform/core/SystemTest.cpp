@@ -21,7 +21,7 @@ TEST(LastError, ComesFromErrnoAndBelongsToTheThread)
                                           {EROFS, ERROR_ACCESS_DENIED},
                                           {EDQUOT, ERROR_DISK_FULL},
                                           {EEXIST, ERROR_ALREADY_EXISTS},
-                                          {EXDEV, ERROR_GEN_FAILURE}};
+                                          {EMLINK, ERROR_GEN_FAILURE}};
     for (const auto& [error, code] : rows)
     {
         SetLastErrorFromErrno(error);
