@@ -3,13 +3,13 @@
 #include "platform/files/NativePath_p.h"
 #include "platform/files/Path.h"
 #include "platform/window/Calls.h"
-#include "platform/window/ConsoleDesktop_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/WinApp.h"
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
 #include "platform/window/WindowTable_p.h"
+#include "platform/window/console/ConsoleDesktop_p.h"
 
 #include <QDir>
 #include <QFileDialog>

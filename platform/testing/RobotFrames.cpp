@@ -1,6 +1,6 @@
 // The robot at frames: menu bars, trees, splitters, status bars.
 #include "platform/testing/Robot_p.h"
-#include "platform/window/SplitterWidget_p.h"
+#include "platform/window/widgets/SplitterWidget_p.h"
 
 #include <QLabel>
 #include <QMainWindow>

@@ -1,6 +1,6 @@
 // What a user would call a broken layout: cut texts, and controls outside their window or on one another.
 #include "platform/testing/Robot_p.h"
-#include "platform/window/DrawnWidget_p.h"
+#include "platform/window/widgets/DrawnWidget_p.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>

@@ -1,8 +1,8 @@
 // Which desktop a process gets.
 #pragma once
 
-#include "platform/window/ConsoleDesktop_p.h"
 #include "platform/window/Desktop_p.h"
+#include "platform/window/console/ConsoleDesktop_p.h"
 
 struct RunningDesktop
 {

@@ -1,15 +1,15 @@
 #include "platform/window/Dialog.h"
 
-#include "platform/window/ConsoleDesktop_p.h"
 #include "platform/window/Creation_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/DialogBuilder_p.h"
 #include "platform/window/DialogUnits_p.h"
-#include "platform/window/DialogWidget_p.h"
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/WinApp.h"
 #include "platform/window/WindowRecord_p.h"
 #include "platform/window/WindowTable_p.h"
+#include "platform/window/console/ConsoleDesktop_p.h"
+#include "platform/window/widgets/DialogWidget_p.h"
 
 struct CDialog::Modal : ModalWait
 {

@@ -1,14 +1,14 @@
 #include "platform/window/DialogBuilder_p.h"
 
 #include "platform/text/CodePage.h"
-#include "platform/window/ControlWidgets_p.h"
 #include "platform/window/DialogUnits_p.h"
-#include "platform/window/DialogWidget_p.h"
-#include "platform/window/LinkWidget_p.h"
-#include "platform/window/ListBoxWidget_p.h"
-#include "platform/window/ListWidget_p.h"
-#include "platform/window/PushButtonWidget_p.h"
-#include "platform/window/TabWidget_p.h"
+#include "platform/window/widgets/ControlWidgets_p.h"
+#include "platform/window/widgets/DialogWidget_p.h"
+#include "platform/window/widgets/LinkWidget_p.h"
+#include "platform/window/widgets/ListBoxWidget_p.h"
+#include "platform/window/widgets/ListWidget_p.h"
+#include "platform/window/widgets/PushButtonWidget_p.h"
+#include "platform/window/widgets/TabWidget_p.h"
 
 #include <QButtonGroup>
 

@@ -1,8 +1,8 @@
 #include "platform/window/FrameWnd.h"
 
 #include "platform/window/Creation_p.h"
-#include "platform/window/FrameWidget_p.h"
 #include "platform/window/MessageBox_p.h"
+#include "platform/window/widgets/FrameWidget_p.h"
 
 BOOL CFrameWnd::LoadFrame(UINT id, DWORD, CWnd* parent)
 {

@@ -1,6 +1,6 @@
 #include "platform/window/Controls.h"
-#include "platform/window/ListBoxWidget_p.h"
 #include "platform/window/PeerAccess_p.h"
+#include "platform/window/widgets/ListBoxWidget_p.h"
 
 namespace
 {

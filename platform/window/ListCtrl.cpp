@@ -1,9 +1,9 @@
 #include "platform/window/Controls.h"
 #include "platform/window/Creation_p.h"
-#include "platform/window/ListWidget_p.h"
 #include "platform/window/PeerAccess_p.h"
 #include "platform/window/ProgressWords_p.h"
 #include "platform/window/QtText_p.h"
+#include "platform/window/widgets/ListWidget_p.h"
 
 int CButton::GetCheck() const
 {

@@ -2,10 +2,10 @@
 
 #include "platform/window/Menu.h"
 #include "platform/window/MenuTable_p.h"
-#include "platform/window/MenuWidget_p.h"
 #include "platform/window/QtText_p.h"
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
+#include "platform/window/widgets/MenuWidget_p.h"
 
 #include <QMenuBar>
 #include <QPointer>

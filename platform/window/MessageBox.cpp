@@ -2,7 +2,6 @@
 
 #include "platform/text/CodePage.h"
 #include "platform/window/Calls.h"
-#include "platform/window/ConsoleDesktop_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/QtText_p.h"
@@ -12,6 +11,7 @@
 #include "platform/window/WindowPeer_p.h"
 #include "platform/window/WindowRecord_p.h"
 #include "platform/window/WindowTable_p.h"
+#include "platform/window/console/ConsoleDesktop_p.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -4,11 +4,11 @@
 #include "platform/window/Creation_p.h"
 #include "platform/window/DialogBuilder_p.h"
 #include "platform/window/DialogUnits_p.h"
-#include "platform/window/DialogWidget_p.h"
 #include "platform/window/ImageList.h"
 #include "platform/window/KeyFilter_p.h"
-#include "platform/window/TabWidget_p.h"
 #include "platform/window/WindowTable_p.h"
+#include "platform/window/widgets/DialogWidget_p.h"
+#include "platform/window/widgets/TabWidget_p.h"
 
 #include <algorithm>
 #include <array>

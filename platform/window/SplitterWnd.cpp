@@ -3,8 +3,8 @@
 #include "platform/window/Creation_p.h"
 #include "platform/window/PaintDC.h"
 #include "platform/window/PeerAccess_p.h"
-#include "platform/window/SplitterWidget_p.h"
 #include "platform/window/View.h"
+#include "platform/window/widgets/SplitterWidget_p.h"
 
 #include <algorithm>
 

@@ -2,10 +2,10 @@
 
 #include "platform/system/CommandLine_p.h"
 #include "platform/text/CodePage.h"
-#include "platform/window/ConsoleOutput_p.h"
 #include "platform/window/MessageBox_p.h"
 #include "platform/window/Resource.h"
 #include "platform/window/WinApp.h"
+#include "platform/window/console/ConsoleOutput_p.h"
 
 #include <QCoreApplication>
 

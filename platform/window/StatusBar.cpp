@@ -1,7 +1,7 @@
-#include "platform/window/ControlBarWidgets_p.h"
 #include "platform/window/LockKeys_p.h"
 #include "platform/window/PeerAccess_p.h"
 #include "platform/window/QtText_p.h"
+#include "platform/window/widgets/ControlBarWidgets_p.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -2,7 +2,7 @@
 
 #include "platform/window/Creation_p.h"
 #include "platform/window/PeerAccess_p.h"
-#include "platform/window/TabWidget_p.h"
+#include "platform/window/widgets/TabWidget_p.h"
 
 namespace
 {

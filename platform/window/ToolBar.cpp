@@ -1,7 +1,7 @@
 #include "platform/window/CommandText_p.h"
-#include "platform/window/ControlBarWidgets_p.h"
 #include "platform/window/PeerAccess_p.h"
 #include "platform/window/Picture_p.h"
+#include "platform/window/widgets/ControlBarWidgets_p.h"
 
 #include <QAction>
 

@@ -2,7 +2,7 @@
 
 #include "platform/window/Creation_p.h"
 #include "platform/window/PeerAccess_p.h"
-#include "platform/window/TreeWidget_p.h"
+#include "platform/window/widgets/TreeWidget_p.h"
 
 BOOL CTreeCtrl::Create(const RECT& area, CWnd* parent, UINT id)
 {

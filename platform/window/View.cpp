@@ -1,8 +1,8 @@
 #include "platform/window/View.h"
 
 #include "platform/window/Creation_p.h"
-#include "platform/window/DrawnWidget_p.h"
 #include "platform/window/PaintDC.h"
+#include "platform/window/widgets/DrawnWidget_p.h"
 
 BOOL CView::Create(const RECT& area, CWnd* parent, UINT id)
 {

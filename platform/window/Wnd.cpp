@@ -3,12 +3,12 @@
 #include "platform/window/Creation_p.h"
 #include "platform/window/DataExchange.h"
 #include "platform/window/Desktop_p.h"
-#include "platform/window/DrawnWidget_p.h"
 #include "platform/window/MessageBox_p.h"
 #include "platform/window/TopLevelPeer_p.h"
 #include "platform/window/WinApp.h"
 #include "platform/window/WindowRecord_p.h"
 #include "platform/window/WindowTable_p.h"
+#include "platform/window/widgets/DrawnWidget_p.h"
 
 #include <QWidget>
 

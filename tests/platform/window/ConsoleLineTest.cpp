@@ -1,5 +1,5 @@
 // What of a window's texts reaches a console, and how much of it.
-#include "platform/window/ConsoleLine_p.h"
+#include "platform/window/console/ConsoleLine_p.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The widget of a splitter: fills its parent, and F6 leads from pane to pane.
 #pragma once
 
-#include "platform/window/DrawnWidget_p.h"
+#include "platform/window/widgets/DrawnWidget_p.h"
 
 // How the robot finds it among the toolkit's objects.
 inline constexpr char kSplitterName[] = "splitter";

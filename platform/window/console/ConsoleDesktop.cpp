@@ -1,11 +1,11 @@
-#include "platform/window/ConsoleDesktop_p.h"
+#include "platform/window/console/ConsoleDesktop_p.h"
 
 #include "platform/system/Thread_p.h"
-#include "platform/window/ConsoleProgress_p.h"
 #include "platform/window/Messages.h"
 #include "platform/window/Resource.h"
 #include "platform/window/StartAnswer_p.h"
 #include "platform/window/WinApp.h"
+#include "platform/window/console/ConsoleProgress_p.h"
 
 #include <QString>
 #include <QtGlobal>

@@ -1,4 +1,4 @@
-#include "platform/window/TabWidget_p.h"
+#include "platform/window/widgets/TabWidget_p.h"
 
 #include "platform/window/ImageList_p.h"
 #include "platform/window/QtText_p.h"

@@ -1,4 +1,4 @@
-#include "platform/window/ControlWidgets_p.h"
+#include "platform/window/widgets/ControlWidgets_p.h"
 
 #include "platform/window/Picture_p.h"
 #include "platform/window/ProgressWords_p.h"

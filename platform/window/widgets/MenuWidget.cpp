@@ -1,4 +1,4 @@
-#include "platform/window/MenuWidget_p.h"
+#include "platform/window/widgets/MenuWidget_p.h"
 
 #include "platform/window/DeviceContext_p.h"
 #include "platform/window/OwnerDraw.h"

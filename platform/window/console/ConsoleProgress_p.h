@@ -11,9 +11,9 @@
 // When its "OK" is the only button left to press, it is pressed.
 #pragma once
 
-#include "platform/window/ConsoleLine_p.h"
 #include "platform/window/Handle.h"
 #include "platform/window/WindowWatch_p.h"
+#include "platform/window/console/ConsoleLine_p.h"
 
 #include <memory>
 #include <vector>

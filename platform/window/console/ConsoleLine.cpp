@@ -1,4 +1,4 @@
-#include "platform/window/ConsoleLine_p.h"
+#include "platform/window/console/ConsoleLine_p.h"
 
 #include "platform/text/CodePage_p.h"
 #include "platform/text/Utf8_p.h"

@@ -1,13 +1,13 @@
-#include "platform/window/ConsoleProgress_p.h"
+#include "platform/window/console/ConsoleProgress_p.h"
 
 #include "platform/text/CodePage.h"
 #include "platform/window/Calls.h"
-#include "platform/window/ConsoleDesktop_p.h"
 #include "platform/window/Desktop_p.h"
 #include "platform/window/QtText_p.h"
 #include "platform/window/Resource.h"
 #include "platform/window/WindowRecord_p.h"
 #include "platform/window/WindowTable_p.h"
+#include "platform/window/console/ConsoleDesktop_p.h"
 
 #include <QTimer>
 

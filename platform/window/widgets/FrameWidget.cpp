@@ -1,4 +1,4 @@
-#include "platform/window/FrameWidget_p.h"
+#include "platform/window/widgets/FrameWidget_p.h"
 
 #include "platform/window/CommandText_p.h"
 #include "platform/window/MenuPopup_p.h"

@@ -1,4 +1,4 @@
-#include "platform/window/ConsoleOutput_p.h"
+#include "platform/window/console/ConsoleOutput_p.h"
 
 #include "platform/text/CodePage.h"
 #include "platform/window/Resource.h"

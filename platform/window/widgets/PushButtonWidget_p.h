@@ -1,7 +1,7 @@
 // The widget of push buttons, those that the program draws itself included.
 #pragma once
 
-#include "platform/window/ControlWidgets_p.h"
+#include "platform/window/widgets/ControlWidgets_p.h"
 
 // Enter on the button that has the focus presses that one, and not the default button.
 //

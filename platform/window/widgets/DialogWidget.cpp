@@ -1,8 +1,8 @@
-#include "platform/window/DialogWidget_p.h"
+#include "platform/window/widgets/DialogWidget_p.h"
 
 #include "platform/window/Calls.h"
-#include "platform/window/PushButtonWidget_p.h"
 #include "platform/window/WindowRecord_p.h"
+#include "platform/window/widgets/PushButtonWidget_p.h"
 
 #include <QCloseEvent>
 #include <QContextMenuEvent>

@@ -1,4 +1,4 @@
-#include "platform/window/SplitterWidget_p.h"
+#include "platform/window/widgets/SplitterWidget_p.h"
 
 #include <QEvent>
 #include <QShortcut>

@@ -1,4 +1,4 @@
-#include "platform/window/DrawnWidget_p.h"
+#include "platform/window/widgets/DrawnWidget_p.h"
 
 #include <QMouseEvent>
 

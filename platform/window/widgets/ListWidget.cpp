@@ -1,9 +1,9 @@
-#include "platform/window/ListWidget_p.h"
+#include "platform/window/widgets/ListWidget_p.h"
 
 #include "platform/window/Controls.h"
 #include "platform/window/CursorPosition_p.h"
-#include "platform/window/ItemCells_p.h"
 #include "platform/window/WindowRecord_p.h"
+#include "platform/window/widgets/ItemCells_p.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
-#include "platform/window/ListRow_p.h"
+#include "platform/window/widgets/ListRow_p.h"
 
-#include "platform/window/ItemCells_p.h"
-#include "platform/window/ListWidget_p.h"
+#include "platform/window/widgets/ItemCells_p.h"
+#include "platform/window/widgets/ListWidget_p.h"
 
 ListRow::ListRow(int image) : m_nImage(image)
 {

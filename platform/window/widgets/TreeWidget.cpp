@@ -1,7 +1,7 @@
-#include "platform/window/TreeWidget_p.h"
+#include "platform/window/widgets/TreeWidget_p.h"
 
-#include "platform/window/ItemCells_p.h"
 #include "platform/window/WindowRecord_p.h"
+#include "platform/window/widgets/ItemCells_p.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>

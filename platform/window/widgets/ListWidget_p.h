@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/window/ImageList_p.h"
-#include "platform/window/ListRow_p.h"
 #include "platform/window/WindowPeer_p.h"
+#include "platform/window/widgets/ListRow_p.h"
 
 class ListWidget : public QTreeWidget, public WindowPeer
 {

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/window/Creation_p.h"
-#include "platform/window/FrameWidget_p.h"
 #include "platform/window/FrameWnd.h"
 #include "platform/window/Resource.h"
+#include "platform/window/widgets/FrameWidget_p.h"
 
 #include <QLabel>
 #include <QStatusBar>

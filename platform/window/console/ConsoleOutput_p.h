@@ -1,7 +1,7 @@
 // Standard output and standard error of the console desktop: whole lines, and one line that is rewritten in place.
 #pragma once
 
-#include "platform/window/ConsoleLine_p.h"
+#include "platform/window/console/ConsoleLine_p.h"
 
 #include <mutex>
 

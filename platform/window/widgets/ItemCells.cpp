@@ -1,4 +1,4 @@
-#include "platform/window/ItemCells_p.h"
+#include "platform/window/widgets/ItemCells_p.h"
 
 #include "platform/window/QtText_p.h"
 

@@ -1,4 +1,4 @@
-#include "platform/window/LinkWidget_p.h"
+#include "platform/window/widgets/LinkWidget_p.h"
 
 #include "platform/window/Cursor_p.h"
 #include "platform/window/DeviceContext_p.h"

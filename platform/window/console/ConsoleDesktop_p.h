@@ -5,7 +5,7 @@
 // - Any other dialog would need a user, and does not open.
 #pragma once
 
-#include "platform/window/ConsoleOutput_p.h"
+#include "platform/window/console/ConsoleOutput_p.h"
 
 #include <atomic>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "platform/window/PushButtonWidget_p.h"
+#include "platform/window/widgets/PushButtonWidget_p.h"
 
 #include "platform/window/Calls.h"
 #include "platform/window/Cursor_p.h"

@@ -2,7 +2,7 @@
 // window's object gives it colours and font.
 #pragma once
 
-#include "platform/window/DrawnWidget_p.h"
+#include "platform/window/widgets/DrawnWidget_p.h"
 
 class LinkWidget : public DrawnWidget
 {
