@@ -1,15 +1,13 @@
 #include "download/DownloadRun.h"
 
+#include "base/ContentLength.h"
 #include "base/InternetHandles.h"
 #include "base/Paths.h"
 #include "download/FetchedBody.h"
 #include "download/ProgressFields.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <limits>
 #include <optional>
-#include <utility>
 
 namespace
 {
@@ -40,19 +38,13 @@ HostAndPath CrackUrl(const std::string& url)
     return result;
 }
 
-// The size that a response promises: 0 for a text without digits, none without the header or for a size that no item
-// can have.
-std::optional<DWORD> ContentLengthOf(HINTERNET request)
+// None for a size that no item can have.
+std::optional<DWORD> PromisedSize(HINTERNET request)
 {
-    char text[32] = {};
-    DWORD room = sizeof(text);
-    if (!HttpQueryInfoA(request, HTTP_QUERY_CONTENT_LENGTH, text, &room, nullptr))
+    const std::optional<long long> size = ContentLengthOf(request);
+    if (!size || *size < 0 || *size > static_cast<long long>(std::numeric_limits<DWORD>::max()))
         return std::nullopt;
-    text[sizeof(text) - 1] = '\0';
-    const long long size = std::atoll(text);
-    if (size < 0 || size > static_cast<long long>(std::numeric_limits<DWORD>::max()))
-        return std::nullopt;
-    return static_cast<DWORD>(size);
+    return static_cast<DWORD>(*size);
 }
 
 } // namespace
@@ -70,7 +62,7 @@ bool CDownloadRun::FetchByHttp(const std::string& url, HINTERNET internet)
                                                    INTERNET_FLAG_NO_CACHE_WRITE, 0));
     if (!request || !HttpSendRequestA(request.get(), nullptr, 0, nullptr, 0))
         return false;
-    const std::optional<DWORD> size = ContentLengthOf(request.get());
+    const std::optional<DWORD> size = PromisedSize(request.get());
     if (!size)
         return false;
     if (IsSizeFiltered(*size))

@@ -1,5 +1,6 @@
 #include "tools/VersionDlg.h"
 
+#include "base/ContentLength.h"
 #include "base/FormatText.h"
 #include "base/InternetHandles.h"
 #include "base/RefreshFields.h"
@@ -11,8 +12,6 @@
 #include "platform/window/Resource.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <optional>
 
 namespace
 {
@@ -25,16 +24,6 @@ std::string ToText(const CVersion& version)
 {
     return std::to_string(version.m_nMajor) + '.' + std::to_string(version.m_nMinor) + '.' +
            std::to_string(version.m_nPatch);
-}
-
-// The length that the response promises; none without the header.
-std::optional<long long> ContentLengthOf(HINTERNET request)
-{
-    char text[32] = {};
-    DWORD room = sizeof(text);
-    if (!HttpQueryInfoA(request, HTTP_QUERY_CONTENT_LENGTH, text, &room, nullptr))
-        return std::nullopt;
-    return std::atoll(text);
 }
 
 // One byte more than promised is asked for, and never more than what counts: a promise costs no memory. A read gives
