@@ -45,21 +45,6 @@ TEST(Lifetime, AWindowOutlivesTheMessageItHandles)
     EXPECT_FALSE(IsWindow(window));
 }
 
-// The toolkit is still at work in the button when its window goes.
-TEST(Lifetime, AWindowCanGoInItsOwnButton)
-{
-    auto* dialog = new TestDialog;
-    bool gone = false;
-    dialog->m_onGone = [&gone, dialog] {
-        gone = true;
-        delete dialog;
-    };
-    dialog->m_onAct = [dialog] { dialog->DestroyWindow(); };
-    dialog->Open();
-    Robot().Press("Act");
-    EXPECT_TRUE(ServeMessagesUntil([&] { return gone; }));
-}
-
 TEST(Lifetime, NothingReachesAWindowThatHasGone)
 {
     int reached = 0;

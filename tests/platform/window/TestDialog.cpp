@@ -62,8 +62,10 @@ constexpr MenuEntry kEntries[] = {
 };
 
 constexpr MenuEntry kFrameEntries[] = {
-    {0, 0, "&File"},         {1, ID_FIRST, "&First"}, {1, 0, {}},
-    {1, ID_GREYED, "E&xit"}, {0, 0, "&Help"},         {1, ID_SYSTEM, "&About"},
+    {0, 0, "&File"},
+    {1, ID_FIRST, "&First"},
+    {1, 0, {}},
+    {1, ID_GREYED, "E&xit"},
 };
 
 constexpr MenuTemplate kMenus[] = {{IDR_MENU, kEntries}, {IDR_FRAME, kFrameEntries}};
@@ -75,10 +77,8 @@ constexpr PictureEntry kPictures[] = {
 };
 constexpr ToolBarButton kButtons[] = {{ID_FIRST, 1}};
 constexpr ToolBarTemplate kToolBars[] = {{IDR_FRAME, kButtons}};
-constexpr int kImages[] = {1, 1};
-constexpr ImageStrip kStrips[] = {{IDR_IMAGES, kImages}};
 
-constexpr ResourceTable kTable{"Window test", "window-test", kDialogs, kMenus, kTexts, kPictures, kToolBars, kStrips};
+constexpr ResourceTable kTable{"Window test", "window-test", kDialogs, kMenus, kTexts, kPictures, kToolBars};
 
 class Resources : public testing::Environment
 {

@@ -22,7 +22,6 @@ inline constexpr int IDD_WIDE = 104;
 inline constexpr int IDD_LINK = 105;
 inline constexpr int IDR_MENU = 200;
 inline constexpr int IDR_FRAME = 201; // menu and tool bar of a frame
-inline constexpr int IDR_IMAGES = 202;
 
 inline constexpr int IDC_NAME = 1000;
 inline constexpr int IDC_NUMBER = 1001;
@@ -39,7 +38,6 @@ inline constexpr int IDC_LINK = 1011;
 
 inline constexpr UINT ID_FIRST = 300;
 inline constexpr UINT ID_GREYED = 301;
-inline constexpr UINT ID_SYSTEM = 0x0110; // the low four bits are the system's
 
 inline constexpr UINT WM_ASK = WM_USER + 1;
 inline constexpr UINT WM_OTHER = WM_USER + 2;
