@@ -60,23 +60,6 @@ TEST(File, RefusesWhatIsNoFile)
             EXPECT_FALSE(CFile().Open(path, flags)) << path << flags;
 }
 
-TEST(File, StatusOfAPath)
-{
-    const TempHome home;
-    home.Write("folder/file", "123");
-    std::filesystem::create_symlink(home.Path("nowhere"), home.Path("link"));
-    CFileStatus status;
-    EXPECT_TRUE(CFile::GetStatus(home.Path("folder/file"), status));
-    EXPECT_EQ(status.m_size, 3);
-    EXPECT_FALSE(status.m_bFolder);
-    EXPECT_TRUE(CFile::GetStatus(home.Path("folder"), status));
-    EXPECT_TRUE(status.m_bFolder);
-    EXPECT_TRUE(CFile::GetStatus(home.Path("link"), status));
-    for (const std::string& name : {std::string("folder/"), std::string("nowhere"), std::string("folder/file/below"),
-                                    std::string(300, 'n'), std::string()})
-        EXPECT_FALSE(CFile::GetStatus(home.Path(name), status)) << name;
-}
-
 TEST(MirrorFile, TakesItsPlaceWholeOrNotAtAll)
 {
     const TempHome home;
@@ -181,7 +164,6 @@ TEST_F(CopyFileTest, ReplacesTheTargetAndReportsEachBlock)
     EXPECT_EQ(watcher.done, (std::vector<std::int64_t>{0, 65536, 2 * 65536, 3 * 65536, 3 * 65536 + 1}));
     const std::string from = m_home.Path("from");
     EXPECT_FALSE(CopyFileExA(from.c_str(), from.c_str(), nullptr, nullptr, nullptr, COPY_FILE_FAIL_IF_EXISTS));
-    EXPECT_FALSE(CopyFileExA(from.c_str(), m_home.Path("to/x").c_str(), nullptr, nullptr, nullptr, 2));
     EXPECT_TRUE(Copy(nullptr, "from", "from"));
     EXPECT_EQ(m_home.Read("from"), m_content);
 }

@@ -1,34 +1,16 @@
 #include "platform/system/CommandLine.h"
 #include "platform/system/CommandLine_p.h"
-#include "platform/system/LastError.h"
 #include "platform/system/TaskQueue_p.h"
-#include "platform/system/Thread.h"
+#include "tests/platform/Worker.h"
 
 #include <QCoreApplication>
 
 #include <atomic>
-#include <cerrno>
-#include <functional>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
 namespace
 {
-
-TEST(LastError, ComesFromErrnoAndBelongsToTheThread)
-{
-    const std::pair<int, DWORD> rows[] = {{ENOENT, ERROR_FILE_NOT_FOUND},
-                                          {EROFS, ERROR_ACCESS_DENIED},
-                                          {EDQUOT, ERROR_DISK_FULL},
-                                          {EEXIST, ERROR_ALREADY_EXISTS},
-                                          {EMLINK, ERROR_GEN_FAILURE}};
-    for (const auto& [error, code] : rows)
-    {
-        SetLastErrorFromErrno(error);
-        EXPECT_EQ(GetLastError(), code);
-    }
-    std::thread([] { EXPECT_EQ(GetLastError(), ERROR_SUCCESS); }).join();
-}
 
 std::vector<char*> ArgvOf(const std::vector<std::string>& arguments)
 {
@@ -75,17 +57,6 @@ TEST(CommandLine, AnswersTheFirstOptionThatAsks)
     }
 }
 
-// A worker that runs a function; it must stay in place until the thread has left.
-std::unique_ptr<CWinThread> Start(std::function<void()>& body)
-{
-    return AfxBeginThread(
-        [](void* parameter) {
-            (*static_cast<std::function<void()>*>(parameter))();
-            return 0u;
-        },
-        &body);
-}
-
 class WorkerTest : public testing::Test
 {
 protected:
@@ -99,13 +70,11 @@ protected:
 TEST_F(WorkerTest, WaitServesWhatTheWorkerCalls)
 {
     int served = 0;
-    std::function<void()> body = [&] {
+    const Worker thread([&] {
         for (int i = 0; i < 100; ++i)
             EXPECT_TRUE(m_queue.Call([&] { served += m_queue.IsServingThread(); }));
         EXPECT_THROW(m_queue.Call([] { throw std::runtime_error("task"); }), std::runtime_error);
-    };
-    const auto thread = Start(body);
-    ASSERT_TRUE(thread);
+    });
     thread->Wait();
     EXPECT_FALSE(thread->IsRunning());
     EXPECT_EQ(served, 100);
@@ -117,16 +86,15 @@ TEST_F(WorkerTest, WaitServesAlsoBehindTheEndOfTheMainLoop)
     m_queue.Post([] { QCoreApplication::quit(); });
     QCoreApplication::exec();
     bool served = false;
-    std::function<void()> body = [&] { m_queue.Call([&] { served = true; }); };
-    Start(body).reset();
+    {
+        const Worker thread([&] { m_queue.Call([&] { served = true; }); });
+    }
     EXPECT_TRUE(served);
 }
 
 TEST_F(WorkerTest, WaitFromInsideAServedTask)
 {
-    std::unique_ptr<CWinThread> thread;
-    std::function<void()> body = [&] { m_queue.Post([&] { thread->Wait(); }); };
-    thread = Start(body);
+    const Worker thread([&] { m_queue.Post([&] { thread->Wait(); }); });
     thread->Wait();
     EXPECT_FALSE(thread->IsRunning());
 }
@@ -139,11 +107,10 @@ TEST_F(WorkerTest, ClosedQueueFailsItsCallers)
         TaskQueue queue;
         std::atomic<bool> calling = false;
         bool result = true;
-        std::function<void()> body = [&] {
+        const Worker thread([&] {
             calling = true;
             result = queue.Call([&] { ADD_FAILURE() << "ran"; });
-        };
-        const auto thread = Start(body);
+        });
         for (int turns = round; !calling || turns > 0; --turns)
             std::this_thread::yield();
         queue.Close();
@@ -155,11 +122,10 @@ TEST_F(WorkerTest, ClosedQueueFailsItsCallers)
 
 TEST_F(WorkerTest, CancelReachesItsThreadAlone)
 {
-    std::function<void()> body = [] {
+    const Worker thread([] {
         while (!IsSynchronousIoCancelled())
             std::this_thread::yield();
-    };
-    const auto thread = Start(body);
+    });
     thread->CancelSynchronousIo();
     std::thread([&] { thread->Wait(); }).join();
     EXPECT_FALSE(thread->IsRunning());
