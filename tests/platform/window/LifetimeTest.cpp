@@ -134,6 +134,6 @@ TEST(Lifetime, HandlesCanBeAskedFromAnyThreadWhileWindowsComeAndGo)
         ServeEverythingPosted();
     }
     over = true;
-    one.Wait();
-    two.Wait();
+    one->Wait();
+    two->Wait();
 }

@@ -80,7 +80,7 @@ TEST_F(ListTest, ThousandsOfRowsAndAWorkerThatAddsToThem)
         EXPECT_EQ(m_list.InsertItem(kRows + 99, "<i>the last</i>"), kRows);
         m_list.SetItemText(kRows, 1, "address");
         m_list.SetCheck(kRows);
-    }).Wait();
+    })->Wait();
     const Robot robot;
     EXPECT_EQ(robot.RowCount(), kRows + 1);
     EXPECT_EQ(robot.Cell(kRows, 0) + robot.Cell(kRows, 1), "<i>the last</i>address");

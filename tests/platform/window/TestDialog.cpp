@@ -150,9 +150,3 @@ void TestDialog::OnAct()
     if (m_onAct)
         m_onAct();
 }
-
-UINT Worker::Run(void* worker)
-{
-    static_cast<Worker*>(worker)->m_body();
-    return 0;
-}

@@ -1,13 +1,13 @@
 // The windows that these tests open, from a resource table of their own.
 #pragma once
 
-#include "platform/system/Thread.h"
 #include "platform/testing/Robot.h"
 #include "platform/window/Controls.h"
 #include "platform/window/DataExchange.h"
 #include "platform/window/Dialog.h"
 #include "platform/window/Menu.h"
 #include "platform/window/WinApp.h"
+#include "tests/platform/Worker.h"
 
 #include <gtest/gtest.h>
 
@@ -77,22 +77,3 @@ private:
 
 // For the robot to find out that something cannot be done.
 inline const Robot kImpatient{Robot::Milliseconds(50)};
-
-// A worker thread of the layer that runs a function.
-class Worker
-{
-public:
-    explicit Worker(std::function<void()> body) : m_body(std::move(body)), m_thread(AfxBeginThread(&Run, this))
-    {}
-
-    void Wait()
-    {
-        m_thread->Wait();
-    }
-
-private:
-    static UINT Run(void* worker);
-
-    std::function<void()> m_body;
-    std::unique_ptr<CWinThread> m_thread;
-};

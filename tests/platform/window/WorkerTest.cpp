@@ -31,7 +31,7 @@ TEST(Workers, CallsAreCarriedAndWaitedFor)
         EXPECT_FALSE(IsWindowVisible(status));
         EXPECT_FALSE(ShowWindow(dialog.m_hWnd, SW_SHOW));
     };
-    Worker(call).Wait();
+    Worker(call)->Wait();
     const Robot robot;
     robot.WaitUntil([&] { return robot.Text("Status") == "Busy 200"; }, "the worker's text");
     EXPECT_FALSE(robot.IsEnabled("Status"));
@@ -56,7 +56,7 @@ TEST(Workers, ProgressDoesNotWaitAndTheNewestArrives)
         std::this_thread::yield(); // this thread serves nothing meanwhile
     EXPECT_TRUE(sent);
     EXPECT_EQ(bar.GetPos(), 0xC0000000);
-    worker.Wait();
+    worker->Wait();
     Robot robot;
     robot.WaitUntil([&] { return robot.ProgressPercent() == 75; }, "the newest position");
     EXPECT_EQ(bar.SendMessage(PBM_GETPOS), 0xC0000000);
@@ -75,7 +75,7 @@ TEST(Workers, WhatAPostedMessageChangesShowsAtTheNextFrame)
         return 0;
     };
     Worker worker([&] { PostMessageA(dialog.m_hWnd, WM_ASK, 0, 0); });
-    worker.Wait();
+    worker->Wait();
     robot.WaitUntil([&] { return robot.Text("Status") == "Busy"; }, "the text");
     EXPECT_NE(shown, "Busy");
 }
@@ -93,11 +93,11 @@ TEST(Workers, AMessageBoxBlocksItsWorkerAlone)
         EXPECT_EQ(SendMessageA(window, WM_ASK, 0, 0), 7);
         EXPECT_EQ(answer, 0);
         robot.Answer("Yes");
-        worker.Wait();
+        worker->Wait();
         EXPECT_EQ(answer, IDYES);
         robot.Press("OK", "Form");
         robot.WaitForNoWindow("Form");
-        Worker(ask).Wait();
+        Worker(ask)->Wait();
         EXPECT_EQ(answer, 0);
     });
 }
@@ -115,7 +115,7 @@ TEST(Workers, ADialogOfAWorkerLivesOnTheUserInterfaceThread)
         robot.WaitForWindow("Small");
         EXPECT_THROW(kImpatient.Press("Cancel", "Form"), RobotError);
         robot.Press("OK", "Small");
-        worker.Wait();
+        worker->Wait();
         robot.Press("Cancel", "Form");
     });
 }
@@ -137,7 +137,7 @@ TEST(Workers, NothingIsLockedWhileCallingOut)
             answer = inner.SendMessage(WM_OTHER, 3);
             outer.SetWindowText("From a worker");
         };
-        Worker(call).Wait();
+        Worker(call)->Wait();
         return answer;
     };
     EXPECT_EQ(outer.SendMessage(WM_ASK), 7);
@@ -157,5 +157,5 @@ TEST(Workers, ACallOnAWindowThatGoesMeanwhileEnds)
     while (!started)
         std::this_thread::yield();
     dialog.DestroyWindow(); // before the call can have been served
-    worker.Wait();
+    worker->Wait();
 }
