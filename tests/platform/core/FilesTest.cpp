@@ -60,6 +60,14 @@ TEST(File, RefusesWhatIsNoFile)
             EXPECT_FALSE(CFile().Open(path, flags)) << path << flags;
 }
 
+TEST(File, NoFileHasANameThatEndsInASlash)
+{
+    const TempHome home;
+    CFileStatus status;
+    EXPECT_TRUE(CFile::GetStatus(home.Folder(), status) && status.m_bFolder);
+    EXPECT_FALSE(CFile::GetStatus(home.Folder() + '/', status));
+}
+
 TEST(MirrorFile, TakesItsPlaceWholeOrNotAtAll)
 {
     const TempHome home;

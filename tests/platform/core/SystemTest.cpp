@@ -1,5 +1,6 @@
 #include "platform/system/CommandLine.h"
 #include "platform/system/CommandLine_p.h"
+#include "platform/system/LastError.h"
 #include "platform/system/TaskQueue_p.h"
 #include "tests/platform/Worker.h"
 
@@ -120,9 +121,11 @@ TEST_F(WorkerTest, ClosedQueueFailsItsCallers)
     }
 }
 
-TEST_F(WorkerTest, CancelReachesItsThreadAlone)
+TEST_F(WorkerTest, CancelAndLastErrorAreOfTheirThreadAlone)
 {
+    SetLastError(ERROR_DISK_FULL);
     const Worker thread([] {
+        EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
         while (!IsSynchronousIoCancelled())
             std::this_thread::yield();
     });
