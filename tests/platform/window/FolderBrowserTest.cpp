@@ -159,3 +159,18 @@ TEST_F(FolderBrowser, GoesWithItsOwner)
     EXPECT_TRUE(ended);
     EXPECT_EQ(Browse({12345}, "/"), nullptr);
 }
+
+TEST_F(FolderBrowser, BlocksAWorkerAlone)
+{
+    const std::string folder = Make("folder");
+    TestDialog form;
+    form.m_answers[WM_ASK] = [](WPARAM, LPARAM) { return 7; };
+    form.Play([&](Robot& robot) {
+        Worker worker([&] { EXPECT_EQ(TakePath(Browse(form.m_hWnd, folder.c_str())), folder); });
+        EXPECT_EQ(robot.BrowsedFolder(), folder);
+        EXPECT_EQ(form.SendMessage(WM_ASK), 7);
+        Accept(robot);
+        worker->Wait();
+        form.DestroyWindow();
+    });
+}
