@@ -2,8 +2,8 @@
 #include "tests/platform/browser/FakeBrowser.h"
 #include "tests/platform/browser/Collection.h"
 
-#include "platform/system/Thread.h"
 #include "platform/testing/TempHome.h"
+#include "tests/platform/Worker.h"
 
 #include <gtest/gtest.h>
 
@@ -66,8 +66,7 @@ TEST_P(EitherProtocol, ListsTabsInOrderOverOneConnectionWithoutOrigin)
 {
     const FakeBrowser browser({"a", "b", "c"});
     const Registered registered(EndpointOf(browser));
-    const auto windows = Opened();
-    EXPECT_EQ(List(windows), kThree);
+    EXPECT_EQ(List(Opened()), kThree);
     EXPECT_EQ(List(Opened()), kThree);
     ASSERT_EQ(browser.Heads().size(), 1U);
     EXPECT_EQ(browser.Heads()[0].find("Origin:"), std::string::npos);
@@ -195,16 +194,15 @@ TEST_P(EitherProtocol, CancelledThreadLeavesItsCall)
     const FakeBrowser browser({"a"}, [&](const QJsonObject&, const FakeBrowser::Send&) { return isHeld = true; });
     const Registered registered(EndpointOf(browser));
     HRESULT result = S_OK;
-    const auto look = [](void* out) -> UINT {
+    const Worker worker([&result] {
         CoInitialize(nullptr);
         LONG count = 0;
         CComPtr<IShellWindows> windows;
-        const HRESULT opened = OpenCollection(windows);
-        *static_cast<HRESULT*>(out) = windows ? windows->get_Count(&count) : opened;
+        result = OpenCollection(windows);
+        if (windows)
+            result = windows->get_Count(&count);
         CoUninitialize();
-        return 0;
-    };
-    const auto worker = AfxBeginThread(look, &result);
+    });
     EXPECT_TRUE(WaitUntil([&] { return isHeld.load(); }));
     worker->CancelSynchronousIo();
     worker->Wait();

@@ -15,7 +15,6 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <sstream>
 
 namespace
 {
@@ -197,9 +196,8 @@ protected:
     }
     static std::string Read(const std::string& path)
     {
-        std::ostringstream content;
-        content << std::ifstream(path, std::ios::binary).rdbuf();
-        return content.str();
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator(file), {}};
     }
     std::ptrdiff_t RequestsFor(const std::string& path) const
     {
