@@ -42,7 +42,7 @@ std::string Screen(const std::string& output, std::size_t columns)
     return screen;
 }
 
-const std::string kBegin = "Download files now...\n";
+const std::string kBegin = "Now getting download files list...\nDownload files now...\n";
 const std::string kEnd = "Download complete!\n";
 
 } // namespace
@@ -138,7 +138,7 @@ TEST(Console, RewritesOneLineOfATerminal)
 
 TEST(Console, IsStoppedBySignalsStepByStep)
 {
-    const std::string question = "vantroy: Cancel all? Yes\n";
+    const std::string question = "vantroy: Are you sure you want to cancel current download task? Yes\n";
     const std::string stopped = "vantroy: stopped\n";
     const std::string item = "host  /endless.jpg  1000 Bytes  12% Complete";
     const std::string ended = kBegin + item + "\n" + kEnd;

@@ -1,16 +1,15 @@
 // What these tests run: the executable once more, with the name of a scenario in the environment.
 #include "Program.h"
 
-#include "download/ProgressFields.h"
+#include "harvest/BatchDlg.h"
 #include "resources/ResourceIds.h"
 #include "resources/Resources.h"
 
+#include "platform/com/Com.h"
 #include "platform/system/Thread.h"
-#include "platform/window/Calls.h"
-#include "platform/window/Dialog.h"
+#include "platform/testing/MemoryBrowser.h"
 #include "platform/window/WinApp.h"
 
-#include <atomic>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>
@@ -19,31 +18,32 @@
 namespace
 {
 
-// A dialog with the fields of a run, which a worker fills; it closes as a user's press of its cancel button asks.
-class RunDialog : public CDialog
+// The run of a page whose items are not fetched but played.
+class RunDialog : public CBatchDlg
 {
 public:
-    explicit RunDialog(std::function<void(RunDialog&)> run) : CDialog(IDD_PROGRESS), m_run(std::move(run))
-    {}
-
-    CProgressFields m_fields;
-    std::atomic<bool> m_bCancelled = false;
-    std::atomic<bool> m_bItemCancelled = false;
+    explicit RunDialog(std::function<void(RunDialog&)> run) : m_run(std::move(run))
+    {
+        m_bScanAllWindows = 1;
+        m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(std::string("/")));
+        m_browser.SetWindows({{MemoryWindow::Kind::Page, L"http://page/", L"Page", {{L"http://host/image"}}, {}}});
+    }
 
     void Item(const std::string& from, const std::string& file, DWORD size, DWORD percent)
     {
-        m_fields.SetTransferText(from, file);
-        m_fields.SetSizeText(size);
-        m_fields.SetRange(size);
+        CProgressFields& fields = ProgressFields();
+        fields.SetTransferText(from, file);
+        fields.SetSizeText(size);
+        fields.SetRange(size);
         for (DWORD position = 0; position <= percent; position += percent / 4 + 1)
-            m_fields.SetProgress(position, 100);
-        m_fields.SetProgress(percent, 100);
+            fields.SetProgress(position, 100);
+        fields.SetProgress(percent, 100);
     }
     void Filtered(const std::string& file)
     {
-        m_fields.SetTransferText("host", file + "Filtered.");
-        m_fields.SetSizeText(0);
-        m_fields.SetProgress(0, 0);
+        ProgressFields().SetTransferText("host", file + "Filtered.");
+        ProgressFields().SetSizeText(0);
+        ProgressFields().SetProgress(0, 0);
     }
     // One that does not end by itself.
     void Endless(const std::function<bool()>& ended)
@@ -52,62 +52,24 @@ public:
         while (!ended())
             std::this_thread::yield();
     }
+    bool IsCancelled() const
+    {
+        return CBatchDlg::IsStopRequested();
+    }
 
 protected:
-    const MessageMap& GetMessageMap() const override
+    void OnFetchBegins() override
     {
-        static const MessageMap map{&CDialog::StaticMessageMap(),
-                                    {On(WM_REFRESH_FIELDS, &RunDialog::OnRefreshFields),
-                                     OnCommand(IDC_CANCEL_CURRENT, &RunDialog::OnCancelCurrent),
-                                     ::OnTimer(&RunDialog::OnTimer)}};
-        return map;
+        m_run(*this);
     }
-    void DoDataExchange(CDataExchange* exchange) override
+    bool IsStopRequested() const override
     {
-        m_fields.DoDataExchange(exchange);
-    }
-    BOOL OnInitDialog() override
-    {
-        CDialog::OnInitDialog();
-        SetTimer(1, 10);
-        m_worker = AfxBeginThread(&Run, this);
-        return TRUE;
-    }
-    void OnCancel() override
-    {
-        m_bCancelled = m_bEnded || MessageBox("Cancel\nall?", "", MB_YESNO) == IDYES;
+        return true;
     }
 
 private:
-    static UINT Run(void* dialog)
-    {
-        auto* self = static_cast<RunDialog*>(dialog);
-        self->m_fields.SetTitle(IDS_DOWNLOADING);
-        self->m_run(*self);
-        self->m_bEnded = true;
-        self->m_fields.SetTitle(IDS_DOWNLOAD_COMPLETE);
-        self->m_fields.SetCancelAllText(IDS_OK);
-        self->m_fields.ShowCancelCurrent(false);
-        return 0;
-    }
-    LRESULT OnRefreshFields(WPARAM, LPARAM)
-    {
-        UpdateData(FALSE);
-        return 0;
-    }
-    void OnCancelCurrent()
-    {
-        m_bItemCancelled = true;
-    }
-    void OnTimer(UINT_PTR)
-    {
-        if (m_bEnded && m_bCancelled)
-            EndDialog(IDOK);
-    }
-
     const std::function<void(RunDialog&)> m_run;
-    std::atomic<bool> m_bEnded = false;
-    std::unique_ptr<CWinThread> m_worker;
+    MemoryBrowser m_browser;
 };
 
 void InQuickSuccession(RunDialog& dialog)
@@ -132,7 +94,7 @@ void Boxes(RunDialog& dialog)
 void Deaf(RunDialog& dialog)
 {
     dialog.Endless(IsSynchronousIoCancelled);
-    AfxMessageBox(dialog.m_bItemCancelled ? "I go on." : "A part is taken for the whole.");
+    AfxMessageBox(dialog.m_bFetchCurrent == 0 ? "I go on." : "A part is taken for the whole.");
     dialog.Endless([] { return false; });
 }
 
@@ -145,24 +107,9 @@ const std::map<std::string, std::function<void(RunDialog&)>> kRuns = {
      }},
     {"boxes", Boxes},
     {"nothing", [](RunDialog&) {}},
-    {"patient", [](RunDialog& dialog) { dialog.Endless([&] { return dialog.m_bCancelled.load(); }); }},
+    {"patient", [](RunDialog& dialog) { dialog.Endless([&] { return dialog.IsCancelled(); }); }},
     {"stuck", [](RunDialog& dialog) { dialog.Endless(IsSynchronousIoCancelled); }},
     {"deaf", Deaf},
-};
-
-// A dialog without a progress bar, which tells if it opens all the same.
-class UserDialog : public CDialog
-{
-public:
-    UserDialog() : CDialog(IDD_MAIN)
-    {}
-
-protected:
-    BOOL OnInitDialog() override
-    {
-        AfxMessageBox("opened");
-        return TRUE;
-    }
 };
 
 class ScenarioApp : public CWinApp
@@ -170,24 +117,19 @@ class ScenarioApp : public CWinApp
 public:
     BOOL InitInstance() override
     {
+        CoInitialize(nullptr);
         const std::string scenario = std::getenv(kScenarioVariable);
         if (const auto run = kRuns.find(scenario); run != kRuns.end())
         {
             RunDialog dialog(run->second);
             m_pMainWnd = &dialog;
             dialog.DoModal();
+            return FALSE;
         }
-        else if (scenario == "plain")
-        {
-            UserDialog dialog;
-            if (dialog.DoModal() != -1)
-                AfxMessageBox("not refused");
-        }
-        else if (scenario == "box")
-        {
+        if (scenario == "box")
             AfxMessageBox("Cannot start.");
-            UserDialog().DoModal();
-        }
+        if (CDialog(IDD_MAIN).DoModal() != -1) // it has no progress bar
+            AfxMessageBox("not refused");
         return FALSE;
     }
     std::optional<std::string> AnswerOption(std::string_view option) override
