@@ -4,6 +4,7 @@
 #include "app/MainDlg.h"
 #include "app/SideWindows.h"
 #include "base/Paths.h"
+#include "harvest/BatchDlg.h"
 #include "persist/HistoryStore.h"
 #include "tests/Application.h"
 #include "tests/MessageBox.h"
@@ -90,19 +91,19 @@ protected:
 
     // Runs the dialog; the script ends it, or it is closed when the script is over.
     template <class Dialog>
-    void Run(
-        const std::function<void(Robot&)>& script, const std::function<void(Dialog&)>& prepare = [](Dialog&) {})
+    void Run(const std::function<void(Robot&)>& script)
     {
+        const auto run = [this](auto&... arguments) {
+            TestDlg<Dialog> dialog(m_whenShowing, m_window, arguments...);
+            dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path(m_saveFolder)));
+            if constexpr (std::is_same_v<Dialog, CBatchDlg>)
+                dialog.m_bScanAllWindows = 1;
+            AfxGetApp()->m_pMainWnd = &dialog;
+            dialog.DoModal();
+            AfxGetApp()->m_pMainWnd = nullptr;
+        };
         RunScript(
-            [&prepare, this] {
-                const auto run = [&](auto&... arguments) {
-                    TestDlg<Dialog> dialog(m_whenShowing, m_window, arguments...);
-                    dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("Download")));
-                    prepare(dialog);
-                    AfxGetApp()->m_pMainWnd = &dialog;
-                    dialog.DoModal();
-                    AfxGetApp()->m_pMainWnd = nullptr;
-                };
+            [&run, this] {
                 CoInitialize(nullptr);
                 if constexpr (std::is_same_v<Dialog, CMainDlg>)
                     run(m_sideWindows);
@@ -119,15 +120,12 @@ protected:
     }
 
     // The main dialog, with the script from the moment on when it is on show.
-    void RunMain(
-        const std::function<void(Robot&)>& script, const std::function<void(CMainDlg&)>& prepare = [](CMainDlg&) {})
+    void RunMain(const std::function<void(Robot&)>& script)
     {
-        Run<CMainDlg>(
-            [&script](Robot& robot) {
-                robot.WaitForWindow(kMainWindow);
-                script(robot);
-            },
-            prepare);
+        Run<CMainDlg>([&script](Robot& robot) {
+            robot.WaitForWindow(kMainWindow);
+            script(robot);
+        });
     }
     // Presses the button at the end of a run, which closes its window.
     static void Finish(Robot& robot, const char* title = kComplete)
@@ -159,6 +157,15 @@ protected:
             page.images.push_back({std::wstring(image.begin(), image.end())});
         return page;
     }
+    void OpenPage(const std::vector<std::string>& images)
+    {
+        m_browser.SetWindows({Page(L"http://page/", L"Page", images)});
+    }
+    // A page with two items, of which HoldItem can hold up the first.
+    void OpenTwoItems()
+    {
+        OpenPage({Served("/first", std::string(1 << 20, 'f')), Served("/second", "second")});
+    }
     // What the history files hold: "page: item>saved as …; " for each page.
     static std::string History()
     {
@@ -177,6 +184,7 @@ protected:
 
     MemoryBrowser m_browser;
     CSideWindows m_sideWindows;
+    std::string m_saveFolder = "Download";
     std::function<void()> m_whenShowing;
     std::atomic<HWND> m_window{HWND{}}; // of the dialog, from its start on
 };

@@ -1,7 +1,6 @@
 #include "AppTest.h"
 
 #include "app/PageList.h"
-#include "harvest/BatchDlg.h"
 
 #include "platform/testing/Limits.h"
 
@@ -20,14 +19,7 @@ protected:
 
     void RunAll(const Script& script)
     {
-        Run<CBatchDlg>(script, [](CBatchDlg& dialog) { dialog.m_bScanAllWindows = 1; });
-    }
-    void RunCurrent(const std::vector<std::string>& urls, const Script& script)
-    {
-        CUrlList pages;
-        for (const std::string& url : urls)
-            pages.AddTail(url);
-        Run<CBatchDlg>(script, [&pages](CBatchDlg& dialog) { dialog.SetPageList(pages); });
+        Run<CBatchDlg>(script);
     }
     static void CancelAll(Robot& robot, const char* title, const char* answer)
     {
@@ -70,31 +62,20 @@ TEST_F(BatchRun, TakesEveryOpenPageAndStaysUntilItIsDismissed)
     EXPECT_FALSE(m_home.Exists("History"));
 }
 
-TEST_F(BatchRun, TakesTheNamedPagesAlone)
-{
-    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a", "a")}),
-                          Page(L"http://two/", L"Two", {Served("/b", "b")}),
-                          Page(L"http://three", L"Three", {Served("/c", "c")})});
-    RunCurrent({"http://two", "http://three/", "http://nowhere/"}, [](Robot& robot) { Finish(robot); });
-    EXPECT_EQ(Saved(), Names{"b"});
-}
-
 TEST_F(BatchRun, SaysWhenThereIsNothingToDownload)
 {
-    const auto script = [](Robot& robot) {
+    OpenPage({});
+    RunAll([](Robot& robot) {
         EXPECT_EQ(robot.MessageBoxText(), "No files to download.");
         EXPECT_FALSE(robot.IsShown("Cancel Current"));
         robot.Answer("OK");
         Finish(robot, kNoPage);
-    };
-    m_browser.SetWindows({Page(L"http://one/", L"One")});
-    RunAll(script);
-    RunCurrent({}, script);
+    });
 }
 
 TEST_F(BatchRun, EndsInOrderWhenTheBrowserFails)
 {
-    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a", "a")})});
+    OpenPage({Served("/a", "a")});
     m_browser.Fail("CoCreateInstance", RPC_E_DISCONNECTED);
     RunAll([this](Robot& robot) {
         ExpectBox(robot, "Error creating ie doc window!");
@@ -117,8 +98,7 @@ TEST_F(BatchRun, ClosesBehindWhatItHasInHandWhenItIsCancelled)
     {
         Gate gate;
         inTheWalk ? HoldWalk(gate) : HoldItem(gate);
-        m_browser.SetWindows(
-            {Page(L"http://one/", L"One", {Served("/first", std::string(1 << 20, 'f')), Served("/second", "s")})});
+        OpenTwoItems();
         RunAll([&](Robot& robot) {
             const char* title = inTheWalk ? kGettingList : kDownloading;
             gate.WaitUntilHeld(robot);
@@ -138,8 +118,7 @@ TEST_F(BatchRun, CancelsTheItemInHandAndGoesOn)
 {
     Gate gate;
     HoldItem(gate);
-    m_browser.SetWindows(
-        {Page(L"http://one/", L"One", {Served("/first", std::string(1 << 20, 'f')), Served("/second", "s")})});
+    OpenTwoItems();
     RunAll([&gate](Robot& robot) {
         gate.WaitUntilHeld(robot);
         CancelAll(robot, kDownloading, "No"); // changes nothing
@@ -153,7 +132,7 @@ TEST_F(BatchRun, CancelsTheItemInHandAndGoesOn)
 // Asked to close at every moment of a run; what counts is that each dialog ends, and that the sanitizers stay quiet.
 TEST_F(BatchRun, IsCancelledManyTimes)
 {
-    m_browser.SetWindows({Page(L"http://one/", L"One", {Served("/a", std::string(20000, 'a')), Served("/b", "b")})});
+    OpenPage({Served("/a", std::string(20000, 'a')), Served("/b", "b")});
     for (int round = 0; round < 60; ++round)
     {
         std::atomic<int> calls = 0;

@@ -11,11 +11,6 @@ namespace
 class MainRun : public AppTest
 {
 protected:
-    // One page with two items of which the first can be held up.
-    void OpenPage(const std::string& first, const std::string& second)
-    {
-        m_browser.SetWindows({Page(L"http://page/", L"Page", {first, second})});
-    }
     static void WaitUntilEnabled(Robot& robot)
     {
         robot.WaitUntil([&robot] { return robot.IsEnabled("Download Now", kMainWindow); }, "Download Now");
@@ -61,21 +56,15 @@ TEST_F(MainRun, BringsTheFilesOfTheTickedPages)
     EXPECT_EQ(History(), "http://one/: a.jpg>a.jpg c.gif>c.gif; http://two/: b.jpg>b.jpg; ");
 }
 
-TEST_F(MainRun, SaysWhenThereIsNothingToDownload)
+TEST_F(MainRun, ComesBackToIdleWithNothingToDownload)
 {
-    m_browser.SetWindows({Page(L"http://one/", L"One")});
-    RunMain([](Robot& robot) {
+    OpenPage({});
+    RunMain([this](Robot& robot) {
         robot.Press("Download Now");
         ExpectBox(robot, "No files to download.");
         WaitUntilEnabled(robot);
         EXPECT_FALSE(robot.IsShown("Cancel All"));
-    });
-}
-
-TEST_F(MainRun, ComesBackToIdleWhenTheBrowserFails)
-{
-    OpenPage(Served("/a", "a"), Served("/b", "b"));
-    RunMain([this](Robot& robot) {
+        OpenPage({Served("/a", "a"), Served("/b", "b")});
         for (const char* call : {"CoCreateInstance", "IShellWindows::get_Count", "IShellWindows::Item"})
         {
             m_browser.Fail(call, RPC_E_DISCONNECTED);
@@ -103,7 +92,7 @@ TEST_F(MainRun, CancelsTheItemOrTheRun)
         {
             Gate gate;
             HoldItem(gate);
-            OpenPage(first, second);
+            OpenPage({first, second});
             RunMain([&](Robot& robot) {
                 robot.Press("Download Now");
                 gate.WaitUntilHeld(robot);
@@ -138,7 +127,7 @@ TEST_F(MainRun, ASecondStartWaitsUntilTheOldWorkerHasLeft)
 {
     Gate gate;
     HoldWalk(gate);
-    OpenPage(Served("/a", "a"), Served("/b", "b"));
+    OpenPage({Served("/a", "a")});
     RunMain([&gate](Robot& robot) {
         robot.Press("Download Now");
         gate.WaitUntilHeld(robot);
@@ -158,7 +147,7 @@ TEST_F(MainRun, ASecondStartWaitsUntilTheOldWorkerHasLeft)
 TEST_F(MainRun, LeavesInTheMiddleOfARun)
 {
     m_server.Serve("/stalls", HttpAnswer{.body = std::string(100000, 's'), .stallAfter = 50000});
-    OpenPage(m_server.Url("/stalls"), Served("/b", "b"));
+    OpenPage({m_server.Url("/stalls"), Served("/b", "b")});
     RunMain([](Robot& robot) {
         robot.Press("Download Now");
         robot.WaitForWindow(kDownloading);
@@ -172,7 +161,7 @@ TEST_F(MainRun, LeavesInTheMiddleOfARun)
 // Leaves at every moment of a run; what counts is that each dialog ends, and that the sanitizers stay quiet.
 TEST_F(MainRun, StartsAndLeavesManyTimes)
 {
-    OpenPage(Served("/a", std::string(20000, 'a')), Served("/b", "b"));
+    OpenPage({Served("/a", std::string(20000, 'a')), Served("/b", "b")});
     for (int round = 0; round < 200; ++round)
     {
         m_whenShowing = nullptr;

@@ -1,8 +1,6 @@
 // The settings sheet over the windows that can own a run.
 #include "AppTest.h"
 
-#include "harvest/BatchDlg.h"
-
 #include <algorithm>
 
 namespace
@@ -13,18 +11,11 @@ const std::string kSheet = "Configuration...";
 class Setup : public AppTest
 {
 protected:
-    // A page with an item for HTTP and one that the browser holds.
-    void OpenPages()
+    // A run of this page misses its folder.
+    void PrepareARun()
     {
-        m_browser.SetWindows(
-            {Page(L"http://one/", L"One", {Served("/a.jpg", "one"), Cached("http://h/c.gif", "cached")})});
-    }
-    template <class Dialog>
-    void LoseFolder(Dialog& dialog) const
-    {
-        dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path("gone")));
-        if constexpr (std::is_same_v<Dialog, CBatchDlg>)
-            dialog.m_bScanAllWindows = 1;
+        m_saveFolder = "gone";
+        OpenPage({Served("/a.jpg", "one"), Cached("http://h/c.gif", "cached")});
     }
     // From the message about the folder to the sheet of the worker.
     void TakeMessage(Robot& robot) const
@@ -43,32 +34,22 @@ protected:
 
 TEST_F(Setup, ARunWithoutItsFolderTakesTheOneFromTheSheet)
 {
-    OpenPages();
-    const auto repair = [this](Robot& robot) {
+    PrepareARun();
+    Run<CBatchDlg>([this](Robot& robot) {
         TakeMessage(robot);
         robot.WaitForWindow(kSheet);
         robot.Type("Save Folder", m_home.Path("new"), kSheet);
         robot.Press("OK", kSheet);
         Finish(robot);
-        EXPECT_EQ(m_home.Files("new"), (Names{"a.jpg", "c.gif"}));
-        for (const std::string& name : m_home.Files("new"))
-            std::remove(m_home.Path("new/" + name).c_str());
-    };
-    RunMain(
-        [&](Robot& robot) {
-            robot.Press("Download Now");
-            repair(robot);
-        },
-        [this](CMainDlg& dialog) { LoseFolder(dialog); });
-    Run<CBatchDlg>(repair, [this](CBatchDlg& dialog) { LoseFolder(dialog); });
+    });
+    EXPECT_EQ(m_home.Files("new"), (Names{"a.jpg", "c.gif"}));
 }
 
 TEST_F(Setup, AChangeTakesHoldAtTheNextItemOfTheRun)
 {
     Gate gate;
     HoldItem(gate);
-    m_browser.SetWindows(
-        {Page(L"http://page/", L"Page", {Served("/first", std::string(1 << 20, 'a')), Served("/second", "b")})});
+    OpenTwoItems();
     RunMain([&](Robot& robot) {
         robot.Press("Download Now");
         gate.WaitUntilHeld(robot);
@@ -84,33 +65,31 @@ TEST_F(Setup, AChangeTakesHoldAtTheNextItemOfTheRun)
 
 TEST_F(Setup, TheWorkersSheetStandsBesideTheUsers)
 {
-    OpenPages();
+    PrepareARun();
     for (const bool leaves : {false, true})
     {
         Gate gate;
         HoldWalk(gate);
-        RunMain(
-            [&](Robot& robot) {
-                robot.Press("Download Now");
-                gate.WaitUntilHeld(robot);
-                robot.Press("Setup...", kMainWindow);
-                robot.WaitForWindow(kSheet);
-                robot.Press("MP3 Music", kSheet);
-                gate.Open();
-                TakeMessage(robot);
-                robot.WaitUntil([&] { return Sheets(robot) == 2; }, "a second sheet");
-                if (leaves)
-                    PostMessageA(m_window, WM_CLOSE, 0, 0);
-                robot.Type("Save Folder", m_home.Path("Download"));
-                robot.Key("Return");
-                robot.WaitUntil([&] { return Sheets(robot) == 1; }, "one to close");
-                robot.Key("Esc");
-                robot.WaitForNoWindow(kSheet);
-                if (leaves)
-                    return;
-                Finish(robot);
-                EXPECT_EQ(Saved(), (Names{"a.jpg", "c.gif"}));
-            },
-            [this](CMainDlg& dialog) { LoseFolder(dialog); });
+        RunMain([&](Robot& robot) {
+            robot.Press("Download Now");
+            gate.WaitUntilHeld(robot);
+            robot.Press("Setup...", kMainWindow);
+            robot.WaitForWindow(kSheet);
+            robot.Press("MP3 Music", kSheet);
+            gate.Open();
+            TakeMessage(robot);
+            robot.WaitUntil([&] { return Sheets(robot) == 2; }, "a second sheet");
+            if (leaves)
+                PostMessageA(m_window, WM_CLOSE, 0, 0);
+            robot.Type("Save Folder", m_home.Path("Download"));
+            robot.Key("Return");
+            robot.WaitUntil([&] { return Sheets(robot) == 1; }, "one to close");
+            robot.Key("Esc");
+            robot.WaitForNoWindow(kSheet);
+            if (leaves)
+                return;
+            Finish(robot);
+            EXPECT_EQ(Saved(), (Names{"a.jpg", "c.gif"}));
+        });
     }
 }

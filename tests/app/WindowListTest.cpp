@@ -133,13 +133,6 @@ TEST_F(WindowList, EverythingIsWithinReachOfTheKeyboard)
                                "View History", "Setup...", "Help", "Exit", "Current Browser Windows List:"}));
         EXPECT_FALSE(robot.IsShown("Album..."));
         EXPECT_FALSE(robot.IsShown("Advanced..."));
-        robot.Press("Help");
-        EXPECT_EQ(robot.MenuEntries(), (Names{"User Manual", "-", "Check for New Version...", "-",
-                                              "Visit Vantroy Home Page", "E-Mail Support", "-", "About"}));
-        robot.CloseMenu();
-        robot.RightClickWindow();
-        EXPECT_EQ(robot.MenuEntries().back(), "About Vantroy(A)...");
-        robot.CloseMenu();
         robot.Key("Alt+E");
         robot.WaitForNoWindow(kMainWindow);
     });
