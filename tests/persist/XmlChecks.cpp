@@ -78,88 +78,47 @@ private:
     std::string_view m_bytes;
 };
 
-class Editor
+enum class Written
 {
-public:
-    Editor(CXmlDoc& doc, std::string_view bytes, bool bPlain)
-        : m_doc(doc), m_choice(bytes), m_bBuilt(!doc.HasRoot()), m_bPlain(bPlain || m_bBuilt)
-    {}
-
-    EditReport Run()
-    {
-        m_report.fault = FaultOfPlaces(m_doc);
-        while (!m_choice.IsOver() && m_report.fault.empty())
-        {
-            if (!Step() || !m_report.fault.empty())
-                continue;
-            ++m_report.edits;
-            m_report.fault = FaultOfPlaces(m_doc);
-            if (m_report.fault.empty() && m_bPlain)
-                m_report.fault = FaultOfReparse(m_doc);
-        }
-        return m_report;
-    }
-
-private:
-    // True if it has changed the text.
-    bool Step()
-    {
-        const std::string name = m_choice.Name();
-        switch (m_choice.Choose(9))
-        {
-        case 0:
-            return m_doc.AppendElement(name.c_str(), m_choice.Value().c_str());
-        case 1:
-        case 2:
-            return AppendChild(name);
-        case 3:
-            return AddAttribute();
-        case 4:
-            m_doc.EnterChild();
-            return false;
-        case 5:
-            m_doc.LeaveElement();
-            return false;
-        case 6:
-            m_doc.FindNext();
-            return false;
-        case 7:
-            m_doc.FindNextChild(name.c_str());
-            return false;
-        default:
-            m_doc.ResetPosition();
-            return false;
-        }
-    }
-
-    bool AppendChild(const std::string& name)
-    {
-        const std::string value = m_choice.Value();
-        if (!m_doc.AppendChild(name.c_str(), value.c_str()))
-            return false;
-        if (m_doc.GetChildText() != value)
-            m_report.fault = "text read back as " + m_doc.GetChildText();
-        return true;
-    }
-
-    bool AddAttribute()
-    {
-        const std::string name = "k" + std::to_string(m_attributes++);
-        const std::string value = m_choice.Value();
-        if (!m_doc.AddChildAttribute(name.c_str(), value.c_str()))
-            return false;
-        if (m_bBuilt && m_doc.GetChildAttribute(name.c_str()) != value)
-            m_report.fault = "attribute read back as " + m_doc.GetChildAttribute(name.c_str());
-        return true;
-    }
-
-    CXmlDoc& m_doc;
-    Chooser m_choice;
-    const bool m_bBuilt;
-    const bool m_bPlain;
-    int m_attributes = 0;
-    EditReport m_report;
+    Nothing,
+    Element,
+    Text,
+    Attribute,
 };
+
+// Moves or writes; `key` is that of a new attribute.
+Written Edit(CXmlDoc& doc, Chooser& choice, const std::string& key, std::string& value)
+{
+    const std::string name = choice.Name();
+    const auto written = [](bool done, Written what) { return done ? what : Written::Nothing; };
+    switch (choice.Choose(9))
+    {
+    case 0:
+        return written(doc.AppendElement(name.c_str(), choice.Value().c_str()), Written::Element);
+    case 1:
+    case 2:
+        value = choice.Value();
+        return written(doc.AppendChild(name.c_str(), value.c_str()), Written::Text);
+    case 3:
+        value = choice.Value();
+        return written(doc.AddChildAttribute(key.c_str(), value.c_str()), Written::Attribute);
+    case 4:
+        doc.EnterChild();
+        break;
+    case 5:
+        doc.LeaveElement();
+        break;
+    case 6:
+        doc.FindNext();
+        break;
+    case 7:
+        doc.FindNextChild(name.c_str());
+        break;
+    default:
+        doc.ResetPosition();
+    }
+    return Written::Nothing;
+}
 
 } // namespace
 
@@ -210,5 +169,24 @@ std::size_t ReadAll(CXmlDoc& doc)
 
 EditReport EditAsChosen(CXmlDoc& doc, std::string_view bytes, bool bPlain)
 {
-    return Editor(doc, bytes, bPlain).Run();
+    const bool bBuilt = !doc.HasRoot();
+    Chooser choice(bytes);
+    EditReport report{0, FaultOfPlaces(doc)};
+    while (!choice.IsOver() && report.fault.empty())
+    {
+        const std::string key = "k" + std::to_string(report.edits);
+        std::string value;
+        const Written written = Edit(doc, choice, key, value);
+        if (written == Written::Nothing)
+            continue;
+        ++report.edits;
+        report.fault = FaultOfPlaces(doc);
+        if (written == Written::Text && doc.GetChildText() != value)
+            report.fault = "text read back as " + doc.GetChildText();
+        else if (written == Written::Attribute && bBuilt && doc.GetChildAttribute(key.c_str()) != value)
+            report.fault = "attribute read back as " + doc.GetChildAttribute(key.c_str());
+        else if (report.fault.empty() && (bPlain || bBuilt))
+            report.fault = FaultOfReparse(doc);
+    }
+    return report;
 }
