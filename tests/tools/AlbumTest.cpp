@@ -34,7 +34,15 @@ Behaviour g_behaviour;
 int g_living = 0;
 std::atomic<int> g_albums = 0;
 
-class Gallery : public CComObject<IQuenbyGallery>, private IRunnableObject
+class Runner : public CComObject<IRunnableObject>
+{
+    HRESULT Run() override
+    {
+        return g_behaviour.run;
+    }
+};
+
+class Gallery : public CComObject<IQuenbyGallery>
 {
 public:
     Gallery()
@@ -47,25 +55,11 @@ public:
     }
     HRESULT QueryInterface(REFIID iid, void** object) override
     {
+        if (iid == IRunnableObject::kIid)
+            return (new Runner)->QueryInterface(iid, object);
         if (iid == IQuenbyGallery::kIid && !g_behaviour.isGallery)
             return E_NOINTERFACE;
-        if (iid != IRunnableObject::kIid)
-            return CComObject::QueryInterface(iid, object);
-        AddRef();
-        *object = static_cast<IRunnableObject*>(this);
-        return S_OK;
-    }
-    DWORD AddRef() override
-    {
-        return CComObject::AddRef();
-    }
-    DWORD Release() override
-    {
-        return CComObject::Release();
-    }
-    HRESULT Run() override
-    {
-        return g_behaviour.run;
+        return CComObject::QueryInterface(iid, object);
     }
     HRESULT CreateAlbum() override
     {
@@ -86,7 +80,7 @@ protected:
         m_home.Write("registry-classes.ini", kRegistered);
         RegisterClassFactory(kClass, [](CComPtr<IUnknown>& object) {
             if (SUCCEEDED(g_behaviour.create))
-                object = CComPtr<IUnknown>(static_cast<IQuenbyGallery*>(new Gallery));
+                object = CComPtr<IUnknown>(new Gallery);
             return g_behaviour.create;
         });
     }
