@@ -1,5 +1,7 @@
 #include "ControlsTest.h"
 
+#include "resources/Resources.h"
+
 namespace
 {
 
@@ -9,9 +11,14 @@ constexpr ControlTemplate kRich[] = {
     {ControlClass::Button, IDCANCEL, 6, 50, 80, 16, CS_NONE, "Cancel"},
 };
 constexpr ControlTemplate kDefault[] = {{ControlClass::Button, IDC_RICH, 6, 6, 80, 16, CS_DEFAULT, "&Rich"}};
+constexpr ControlTemplate kLink[] = {
+    {ControlClass::Button, IDOK, 6, 6, 60, 16, CS_DEFAULT, "Close"},
+    {ControlClass::Label, IDC_LINK, 6, 30, 100, 12, CS_NOTIFY, "Home of this"},
+};
 constexpr DialogTemplate kDialogs[] = {
     {IDD_RICH, 120, 74, DS_SYSMENU, "Rich", kRich},
     {IDD_DEFAULT, 120, 28, DS_SYSMENU, "Rich", kDefault},
+    {IDD_LINK, 112, 48, DS_SYSMENU, "Links", kLink},
 };
 constexpr MenuEntry kEntries[] = {
     {0, 0, "Popup"}, {1, ID_OPEN, "&Open\tCtrl+O"}, {1, ID_SAVE, "&Save"}, {1, 0, {}},
@@ -21,11 +28,14 @@ constexpr MenuTemplate kMenus[] = {{IDR_RICH, kEntries}};
 constexpr PictureEntry kPictures[] = {
     {1, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><rect width='9' height='9' fill='red'/></svg>"},
 };
-constexpr ResourceTable kTable{"Controls test", "controls-test", kDialogs, kMenus, {}, kPictures};
 
 } // namespace
 
 void ControlsTest::SetUp()
 {
-    AfxSetResources(kTable);
+    static ResourceTable table = VantroyResources();
+    table.dialogs = kDialogs;
+    table.menus = kMenus;
+    table.pictures = kPictures;
+    AfxSetResources(table);
 }

@@ -1,19 +1,15 @@
+#include "ControlsTest.h"
+
 #include "controls/LinkLabel.h"
 #include "tests/MessageBox.h"
 
-#include "resources/Resources.h"
-
 #include "platform/testing/RecordingPrograms.h"
-#include "platform/testing/Robot.h"
-#include "platform/window/Dialog.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace
 {
 
-constexpr int IDC_LINK = 1000;
 constexpr const char* kLink = "Home of this";
 constexpr const char* kUrl = "http://h.example/a b";
 
@@ -21,16 +17,10 @@ constexpr COLORREF kBlue = 0xFF0000;
 constexpr COLORREF kRed = 0x0000FF;
 constexpr COLORREF kGreen = 0x00FF00;
 
-constexpr ControlTemplate kControls[] = {
-    {ControlClass::Button, IDOK, 6, 6, 60, 16, CS_DEFAULT, "Close"},
-    {ControlClass::Label, IDC_LINK, 6, 30, 100, 12, CS_NOTIFY, kLink},
-};
-constexpr DialogTemplate kDialogs[] = {{1, 112, 48, DS_SYSMENU, "Links", kControls}};
-
 class LinkDlg : public CDialog
 {
 public:
-    LinkDlg() : CDialog(1)
+    LinkDlg() : CDialog(IDD_LINK)
     {
         m_link.SetUrl(kUrl);
         m_link.SetColors(kBlue, kRed, kGreen);
@@ -71,18 +61,9 @@ std::string Look(const Robot& robot)
     return look;
 }
 
-class LinkLabel : public testing::Test
+class LinkLabel : public ControlsTest
 {
 protected:
-    LinkLabel()
-    {
-        m_table.dialogs = kDialogs;
-        AfxSetResources(m_table);
-    }
-    ~LinkLabel() override
-    {
-        AfxSetResources(VantroyResources());
-    }
     void Play(LinkDlg& dialog, const std::function<void(Robot&)>& script)
     {
         const auto play = [&](Robot& robot) {
@@ -96,7 +77,6 @@ protected:
         robot.WaitUntil([&] { return Look(robot) == look; }, look);
     }
 
-    ResourceTable m_table = VantroyResources();
     TempHome m_home;
 };
 
