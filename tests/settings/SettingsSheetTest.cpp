@@ -176,9 +176,7 @@ TEST_F(SettingsSheet, FoldersAreMadeOrRefusedWithoutLosingTheFile)
         {"drive:", ""},
         {m_home.Path("new"), ""},
         {m_home.Path("two words "), ""},
-        {m_home.Path("sp\xC3\xA9"
-                     "cial"),
-         ""},
+        {m_home.Path("sp\xC3\xA9z"), ""},
         {m_home.Path("file"), kNotAFolder},
         {m_home.Path("Download/"), "File exists"},
         {m_home.Path("none/below"), "No such file or directory"},
@@ -276,7 +274,6 @@ TEST_F(SettingsSheet, TicksOfResolutionsReachTheRecordAtOnceAndTheListWithItsOk)
         EXPECT_FALSE(robot.IsChecked("1024x768")); // until the sheet opens again
     });
     EXPECT_FALSE(m_home.Exists("config.xml"));
-    EXPECT_EQ(Resolutions(), "640x480 800x600 1600x1200 1024x768 5x6 ");
     Open([](Robot& robot) {
         EXPECT_TRUE(robot.IsChecked("1024x768"));
         robot.Press("More...");
@@ -295,8 +292,9 @@ TEST_F(SettingsSheet, TicksOfResolutionsReachTheRecordAtOnceAndTheListWithItsOk)
 
 TEST_F(SettingsSheet, TheBrowserButtonComesAndGoesAtOnce)
 {
-    const auto registry = [this] {
-        return m_home.Exists("registry-machine.ini") ? m_home.Read("registry-machine.ini") : std::string();
+    const auto stands = [this] {
+        return m_home.Exists("registry-machine.ini") &&
+               m_home.Read("registry-machine.ini").find("Exec=" + m_home.Path("vantroy") + "\n") != std::string::npos;
     };
     Open([&](Robot& robot) {
         robot.SelectNode({"System Setting"});
@@ -305,18 +303,15 @@ TEST_F(SettingsSheet, TheBrowserButtonComesAndGoesAtOnce)
         robot.Key("Alt+A");
         ExpectBox(robot, "Program shortcut icon has been added to browser's toolbar.\n"
                          "You need to restart browser to make it work.");
-        EXPECT_NE(registry().find("Exec=" + m_home.Path("vantroy") + "\n"), std::string::npos);
+        EXPECT_TRUE(stands());
         EXPECT_FALSE(robot.IsEnabled("Apply"));
         SetRegistryGuard([](HKEY root, const char*) { return root != HKEY_LOCAL_MACHINE; });
         robot.Press("Add Shortcut to Toolbar");
         robot.Press("Remove Shortcut from Toolbar");
         SetRegistryGuard(nullptr);
-    });
-    EXPECT_NE(registry().find("Exec="), std::string::npos); // Cancel does not undo it
-    Open([&](Robot& robot) {
-        robot.SelectNode({"System Setting"});
+        EXPECT_TRUE(stands());
         robot.Press("Remove Shortcut from Toolbar");
         ExpectBox(robot, "Program shortcut icon has been removed.\nYou need to restart browser to make it work.");
     });
-    EXPECT_EQ(registry().find("Exec="), std::string::npos);
+    EXPECT_FALSE(stands());
 }
