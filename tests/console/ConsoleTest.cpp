@@ -13,7 +13,7 @@ std::string Screen(const std::string& output, std::size_t columns)
 {
     const std::string erase = "\x1b[K";
     std::string screen;
-    std::u32string line;
+    std::string line;
     std::size_t column = 0;
     for (std::size_t i = 0; i < output.size(); ++i)
     {
@@ -28,15 +28,13 @@ std::string Screen(const std::string& output, std::size_t columns)
             column = 0;
         else if (byte == '\n')
         {
-            for (const char32_t c : line)
-                screen += static_cast<char>(c);
-            screen += '\n';
+            screen += line + '\n';
             line.clear();
         }
         else if ((byte & 0xC0) != 0x80) // each character once; all of these tests take one column
         {
             line.resize(std::max(line.size(), column + 1));
-            line[column++] = byte < 0x80 ? byte : U'#';
+            line[column++] = byte < 0x80 ? output[i] : '#';
         }
     }
     return screen;

@@ -51,8 +51,7 @@ std::vector<char*> Pointers(std::vector<std::string>& texts)
     std::vector<std::string> arguments{"program"};
     arguments.insert(arguments.end(), start.arguments.begin(), start.arguments.end());
     std::vector<std::string> environment = start.environment;
-    environment.push_back(std::string(kScenarioVariable) + "=" + start.scenario);
-    environment.insert(environment.end(), {"LANG=C", "TERM=xterm"});
+    environment.insert(environment.end(), {kScenarioVariable + ("=" + start.scenario), "LANG=C", "TERM=xterm"});
     for (const char* name : {"VANTROY_HOME", "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"})
     {
         if (const char* value = std::getenv(name))
