@@ -46,7 +46,7 @@ LINES = [
               'profiles up to two thirds of the time of our process went into making them, most of it into the search of '
               'ext4 for inodes that were not freed a moment ago: the figure is worse behind anything that has just removed '
               'many files. Asking for up to 8 images ahead (4 MB) while one is stored was built and measured, in 25 rounds '
-              'with it and 25 without, in turn: 1.65 and 1.71. The threads of the browser keep two cores busy, so it was left out.'),
+              'with it and 25 without, in turn: 1.62 and 1.71. The threads of the browser keep two cores busy, so it was left out.'),
     Line('big', 'one file of 500 MB over HTTP', 'bench_fetch',
          'The same run and the same `curl`. The memory is that of the whole process, which may hold the body and 64 MB.',
          [Beside(('curl',), 1.1), AtMost('peak memory', 500 + 64, ' MB')],
@@ -84,6 +84,6 @@ LINES = [
          'The fetch loop with the progress window on show, and without one.', [Beside(('off',), 1.05, 'on')], times=4,
          note='The window costs a stored word for each block of 4 KB and a posted message for each percent, and paints 30 '
               'times a second at most; on few processors it paints in the time of worker and server. Profiles show 1.3 % of '
-              'the worker in telling the position, and no other cost; single rounds differ by more than the aim allows, in '
+              'the worker in telling the position; the rest is the painting; single rounds differ by more than the aim allows, in '
               'both directions.'),
 ]
