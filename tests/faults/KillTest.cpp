@@ -221,17 +221,20 @@ TEST(SideBySide, TwoProcessesLoseNothingOfEachOther)
                 run.m_server.Serve(url.substr(16), content(process, i));
             urls.push_back(url);
         }
-        // Both look for the place of an item at the same time.
-        run.m_cache.SetHook([&, turn = 0](const std::string&) mutable {
+        // Both look for the place of an item, and append to the history, at the same time.
+        int turn = 0;
+        const auto meet = [&] {
             ++*arrived;
             for (turn += 2; *arrived < turn && std::chrono::steady_clock::now() < deadline;)
                 std::this_thread::yield();
-        });
+        };
+        run.m_cache.SetHook([&meet](const std::string&) { meet(); });
         run.Download(urls);
         EXPECT_EQ(run.m_stored.size(), kFiles);
         for (const std::string& stored : run.m_stored)
         {
             const std::string url = stored.substr(0, stored.find(' '));
+            meet();
             SaveHistory(url, {{url, home.Path("Download/" + stored.substr(stored.rfind(' ') + 1))}});
         }
     };

@@ -3,9 +3,11 @@
 
 #include "persist/HistoryStore.h"
 
+#include "platform/files/File.h"
 #include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -221,18 +223,19 @@ TEST_F(HistoryFilesTest, TheRemainsOfAKilledAppendAreCutOff)
     EXPECT_EQ(m_home.Read(kDay).substr(0, 9), foreign);
 }
 
+// The other run has looked where the file ends, and writes there when this one has had its time.
 TEST_F(HistoryFilesTest, RunsAtTheSameTimeLoseNothing)
 {
-    constexpr int kRecords = 50;
-    const auto run = [](int first) {
-        for (int i = 0; i < kRecords; ++i)
-            Save("page", std::to_string(first + i));
-    };
-    std::thread other(run, 1000);
-    run(2000);
-    other.join();
-    CHistoryStore store;
-    store.LoadAll();
-    ASSERT_EQ(store.GetItems().size(), 1u);
-    EXPECT_EQ(store.GetItems()[0].m_files.size(), 2u * kRecords);
+    Save("first", "a");
+    const std::string before = m_home.Read(kDay);
+    CFile other;
+    ASSERT_TRUE(other.Open(m_home.Path(kDay), CFile::modeReadWrite) && other.LockRange(0, 1));
+    const std::uint64_t end = other.SeekToEnd();
+    std::thread run([] { Save("third", "c"); });
+    for (int look = 0; look < 200 && m_home.Read(kDay) == before; ++look)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    const std::string record = Record("2", "second", {"b>/b"});
+    EXPECT_TRUE(other.SeekTo(end) && other.Write(record.data(), record.size()) && other.Close());
+    run.join();
+    EXPECT_EQ(LoadedAll(), "1056441600 first: a>/s/a;2 second: b>/b;1056441600 third: c>/s/c;");
 }
