@@ -33,9 +33,7 @@ constexpr PictureEntry kPictures[] = {
 
 void ControlsTest::SetUp()
 {
-    static ResourceTable table = VantroyResources();
-    table.dialogs = kDialogs;
-    table.menus = kMenus;
-    table.pictures = kPictures;
+    static const ResourceTable table{"Controls test", "controls-test",          kDialogs,
+                                     kMenus,          VantroyResources().texts, kPictures};
     AfxSetResources(table);
 }
