@@ -19,7 +19,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 
 namespace
 {
@@ -132,20 +131,16 @@ double TimeRun(const ImagePages& page)
     return seconds;
 }
 
-// With a home, each reply becomes a file.
-double TimeBareLoop(const ImagePages& page, const TempHome* home = nullptr)
+double TimeBareLoop(const ImagePages& page)
 {
     BareProtocol protocol(page.Browser(), page.Target());
     protocol.Call("Page.enable");
     return TimeOf([&] {
-        for (std::size_t image = 0; image < page.Urls().size(); ++image)
+        for (const std::string& url : page.Urls())
         {
-            const std::string reply =
-                protocol.Call("Page.getResourceContent",
-                              R"({"frameId":")" + page.Target() + R"(","url":")" + page.Urls()[image] + R"("})");
+            const std::string reply = protocol.Call("Page.getResourceContent",
+                                                    R"({"frameId":")" + page.Target() + R"(","url":")" + url + R"("})");
             Expect(reply.size() > kImageSize, "the browser does not hold an image");
-            if (home)
-                std::ofstream(home->Path(std::to_string(image)), std::ios::binary) << reply;
         }
     });
 }
@@ -163,7 +158,6 @@ void MeasureCopies(ImagePages& page)
     Record("vantroy", TimeRun(page));
     Record("requests at the server", static_cast<double>(ImageRequests(page.Server()) - before));
     Record("bare loop", TimeBareLoop(page));
-    Record("with files", TimeBareLoop(page, &KeptHome()));
 }
 
 struct LongPage : BrowserPages

@@ -2,6 +2,16 @@
 
 #include "platform/system/LastError.h"
 
+CCacheLookup::CCacheLookup(const CUrlList& urls)
+{
+    ExpectUrlCacheLookups({urls.begin(), urls.end()});
+}
+
+CCacheLookup::~CCacheLookup()
+{
+    ExpectUrlCacheLookups({});
+}
+
 CCacheLookup::Result CCacheLookup::Find(const std::string& url)
 {
     m_buffer.reset();

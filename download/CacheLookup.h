@@ -1,5 +1,7 @@
-// The look-up of the URL cache with its growing buffer. On one thread, for the length of a run.
+// The look-ups of a run in the URL cache, with their growing buffer. On one thread.
 #pragma once
+
+#include "base/UrlList.h"
 
 #include "platform/internet/UrlCache.h"
 #include "platform/system/Memory.h"
@@ -16,6 +18,12 @@ public:
         NotCached,
         OutOfMemory,
     };
+
+    // The addresses that will be looked up, in their order.
+    explicit CCacheLookup(const CUrlList& urls);
+    ~CCacheLookup();
+    CCacheLookup(const CCacheLookup&) = delete;
+    CCacheLookup& operator=(const CCacheLookup&) = delete;
 
     Result Find(const std::string& url);
     // The entry that was found, until the next look-up.

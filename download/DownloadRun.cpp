@@ -34,7 +34,7 @@ void CDownloadRun::DownloadFiles(const CUrlList& urls)
         const CInternetHandle internet(InternetOpenA("Vantroy", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
         if (MaySendCookies())
             InternetUseCookies(internet.get());
-        CCacheLookup cache;
+        CCacheLookup cache(urls);
         for (auto url = urls.begin(); url != urls.end();)
         {
             const Pass pass = DownloadOne(*url, cache, internet.get());

@@ -36,13 +36,16 @@ struct SeenPage
     bool isHtml = false;
 };
 
+// Waits for the bytes of the server, on the thread that calls it, once; empty if they are not to be had.
+using AskedContent = std::function<QByteArray()>;
+
 // Something that a document has loaded and its browser can hand out.
 struct LoadedResource
 {
     QString url;
     QString loader; // changes with every document
     qint64 size = 0;
-    std::function<QByteArray()> fetch; // the bytes of the server; empty if they are not to be had
+    std::function<AskedContent()> ask; // does not wait
 };
 
 class Browser

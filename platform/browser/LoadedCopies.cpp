@@ -2,6 +2,8 @@
 
 #include "platform/text/CodePage.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace browsing
@@ -12,9 +14,10 @@ namespace
 // A run looks up one address after the other; the trees are read again after this time.
 constexpr std::chrono::seconds kTreeAge(2);
 
-QString WithoutFragment(const QString& url)
+// Fragments are no part of what is loaded.
+QString ResourceUrl(const std::string& url)
 {
-    return url.section('#', 0, 0);
+    return QString::fromStdString(AnsiToUtf8(url)).section('#', 0, 0);
 }
 
 } // namespace
@@ -27,7 +30,7 @@ bool LoadedCopies::Find(const std::string& url, std::string& localFile, std::uin
     try
     {
         const std::lock_guard lock(m_mutex);
-        const Copy* const copy = FindCopy(WithoutFragment(QString::fromStdString(AnsiToUtf8(url))));
+        const Copy* const copy = FindCopy(ResourceUrl(url));
         if (copy == nullptr)
             return false;
         localFile = Utf8ToAnsi(copy->file);
@@ -40,27 +43,57 @@ bool LoadedCopies::Find(const std::string& url, std::string& localFile, std::uin
     }
 }
 
+void LoadedCopies::Expect(const std::vector<std::string>& urls)
+{
+    try
+    {
+        std::deque<QString> expected;
+        std::ranges::transform(urls, std::back_inserter(expected), ResourceUrl);
+        const std::lock_guard lock(m_mutex);
+        m_ahead.Expect(std::move(expected));
+    }
+    catch (const std::exception&)
+    {} // look-ups go without
+}
+
 // The copy made before serves as long as the document that it came from is there, and when there is no newer one.
 const LoadedCopies::Copy* LoadedCopies::FindCopy(const QString& url)
 {
     if (Clock::now() >= m_refreshAt)
         Refresh();
-    const auto copy = m_copies.find(url);
-    const auto holders = m_holders.find(url);
-    if (holders != m_holders.end())
+    m_ahead.Ask([this](const QString& next) { return FindMissing(next); });
+    if (const auto holders = m_holders.find(url); holders != m_holders.end())
     {
-        for (const LoadedResource& holder : holders->second)
-        {
-            if (copy != m_copies.end() && copy->second.loader == holder.loader)
-                return &copy->second;
-        }
+        if (const Copy* const current = FindCurrent(url, holders->second))
+            return current;
         for (const LoadedResource& holder : holders->second)
         {
             if (const Copy* const fetched = Fetch(holder))
                 return fetched;
         }
     }
+    const auto copy = m_copies.find(url);
     return copy != m_copies.end() ? &copy->second : nullptr;
+}
+
+// The copy of a document that is still there; null if there is none.
+const LoadedCopies::Copy* LoadedCopies::FindCurrent(const QString& url,
+                                                    const std::vector<LoadedResource>& holders) const
+{
+    const auto copy = m_copies.find(url);
+    const bool isCurrent = copy != m_copies.end() && std::ranges::any_of(holders, [&](const LoadedResource& holder) {
+                               return holder.loader == copy->second.loader;
+                           });
+    return isCurrent ? &copy->second : nullptr;
+}
+
+// The first to ask for what has no copy yet.
+const LoadedResource* LoadedCopies::FindMissing(const QString& url) const
+{
+    const auto holders = m_holders.find(url);
+    if (holders == m_holders.end() || FindCurrent(url, holders->second) != nullptr)
+        return nullptr;
+    return &holders->second.front();
 }
 
 void LoadedCopies::Refresh()
@@ -73,7 +106,7 @@ void LoadedCopies::Refresh()
 
 const LoadedCopies::Copy* LoadedCopies::Fetch(const LoadedResource& resource)
 {
-    const QByteArray content = resource.fetch();
+    const QByteArray content = m_ahead.Take(resource);
     const std::string file = content.isEmpty() ? std::string() : m_folder.Store(content);
     if (file.empty())
         return nullptr;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/browser/BrowserList_p.h"
+#include "platform/browser/ContentAhead_p.h"
 #include "platform/browser/CopyFolder_p.h"
 #include "platform/internet/UrlCache.h"
 
@@ -21,6 +22,7 @@ public:
     explicit LoadedCopies(std::shared_ptr<BrowserList> browsers);
 
     bool Find(const std::string& url, std::string& localFile, std::uint64_t& size) override;
+    void Expect(const std::vector<std::string>& urls) override;
 
 private:
     struct Copy
@@ -32,6 +34,8 @@ private:
 
     void Refresh();
     const Copy* FindCopy(const QString& url);
+    const Copy* FindCurrent(const QString& url, const std::vector<LoadedResource>& holders) const;
+    const LoadedResource* FindMissing(const QString& url) const;
     const Copy* Fetch(const LoadedResource& resource);
 
     const std::shared_ptr<BrowserList> m_browsers;
@@ -39,6 +43,7 @@ private:
     CopyFolder m_folder;
     std::map<QString, Copy> m_copies;
     std::map<QString, std::vector<LoadedResource>> m_holders;
+    ContentAhead m_ahead;
     Clock::time_point m_refreshAt; // the epoch: never read
 };
 

@@ -56,6 +56,12 @@ void SetUrlCacheSource(std::shared_ptr<IUrlCacheSource> source)
     Source().Set(std::move(source));
 }
 
+void ExpectUrlCacheLookups(const std::vector<std::string>& urls)
+{
+    if (const auto source = Source().Get())
+        source->Expect(urls);
+}
+
 BOOL GetUrlCacheEntryInfoA(const char* url, INTERNET_CACHE_ENTRY_INFOA* buffer, DWORD* size)
 {
     if (!url || !size)

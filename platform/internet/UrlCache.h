@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 struct INTERNET_CACHE_ENTRY_INFOA
 {
@@ -23,6 +24,10 @@ struct INTERNET_CACHE_ENTRY_INFOA
 // failed. The copy is a file of its own that stays for the life of the process. Any thread may call.
 BOOL GetUrlCacheEntryInfoA(const char* url, INTERNET_CACHE_ENTRY_INFOA* buffer, DWORD* size);
 
+// Tells the look-ups to come, in their order, so that the next ones are got ready while one is in hand; empty, none. A
+// hint: every look-up gives the same without it. Any thread.
+void ExpectUrlCacheLookups(const std::vector<std::string>& urls);
+
 // Where the copies come from. The real one asks the browsers (browser/Browsers.h).
 class IUrlCacheSource
 {
@@ -31,6 +36,8 @@ public:
     // True with the path and the size of the copy; false if there is none. `url` is byte text as the program
     // holds it. Called on the thread that looks up.
     virtual bool Find(const std::string& url, std::string& localFile, std::uint64_t& size) = 0;
+    virtual void Expect(const std::vector<std::string>&)
+    {}
 };
 
 // Chosen at start; null means an empty cache.

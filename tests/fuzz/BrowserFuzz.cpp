@@ -127,7 +127,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
             ReadWindow(page);
         browser->ReadResources(resources);
         for (const LoadedResource& resource : resources)
-            resource.fetch();
+            resource.ask()();
     }
     browser->Close();
     return 0;

@@ -26,9 +26,9 @@ bool IsWhole(const QJsonObject& resource)
 }
 
 // Content that comes as text is left out: it was decoded, and its bytes need not be those of the server.
-QByteArray Fetch(Connection& connection, const Command& command, qint64 size)
+QByteArray Take(PendingReply& pending, qint64 size)
 {
-    const Reply reply = connection.Call(command, Clock::now() + kContentLimit);
+    const Reply reply = pending.Take(Clock::now() + kContentLimit);
     if (FAILED(reply.result) || !reply.value.value("base64Encoded").toBool())
         return {};
     const QByteArray content = QByteArray::fromBase64(reply.value.value("content").toString().toLatin1());
@@ -49,8 +49,9 @@ void AddResources(const std::shared_ptr<Connection>& connection, const QString& 
         const QString url = resource.value("url").toString();
         const qint64 size = resource.value("contentSize").toInteger();
         const Command command{"Page.getResourceContent", {{"frameId", frame.value("id")}, {"url", url}}, session};
-        resources.push_back({url, frame.value("loaderId").toString(), size,
-                             [connection, command, size] { return Fetch(*connection, command, size); }});
+        resources.push_back({url, frame.value("loaderId").toString(), size, [connection, command, size] {
+                                 return [pending = connection->Send(command), size] { return Take(*pending, size); };
+                             }});
     }
     for (const QJsonValue& child : tree.value("childFrames").toArray())
         AddResources(connection, session, child.toObject(), resources);

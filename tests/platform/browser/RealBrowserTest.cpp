@@ -240,6 +240,40 @@ TEST_F(ChromiumCache, ImageThatIsNotThereToItsEndHasNoCopy)
     EXPECT_EQ(Copy(Url("/broken.gif")), "");
 }
 
+// The second half is looked up when the page has loaded others under the same addresses.
+TEST_F(ChromiumCache, ImagesThatAreExpectedAreThoseOfTheDocumentThatIsThere)
+{
+    std::string html;
+    std::vector<std::string> urls;
+    for (int i = 0; i < 40; ++i)
+    {
+        const std::string path = "/" + std::to_string(i) + ".gif";
+        html += "<img src=" + path + ">";
+        urls.push_back(Url(path));
+    }
+    const auto serve = [&](const std::string& mark) {
+        for (const std::string& url : urls)
+            ServeAs(url.substr(Url("").size()), "image/gif\r\nCache-Control: no-store", kGif + mark + url);
+    };
+    serve("one");
+    OpenDocument(html + "<script>setInterval(async () => {"
+                        "if ((await fetch('/go')).ok) location = '/next'; }, 20)</script>");
+    ExpectUrlCacheLookups(urls);
+    const std::string missing = Url("/missing.gif");
+    EXPECT_EQ(Copy(missing), "");
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(Read(Copy(urls[i])), kGif + "one" + urls[i]);
+    serve("two");
+    m_server.Serve("/next", "<!doctype html>" + html + "<script>onload = () => document.title = 'next'</script>");
+    m_server.Serve("/go", "now");
+    EXPECT_TRUE(Shows({L"next|" + WideUrl("/next")}));
+    EXPECT_TRUE(WaitUntil([&] { return Read(Copy(urls[0])) == kGif + "two" + urls[0]; }));
+    for (int i = 20; i < 40; ++i)
+        EXPECT_EQ(Read(Copy(urls[i])), kGif + "two" + urls[i]);
+    for (const std::string& url : urls)
+        EXPECT_EQ(RequestsFor(url.substr(Url("").size())), 2);
+}
+
 TEST(Firefox, ItsSessionIsSharedInTheProcessAndGivenBack)
 {
     const RealFirefox browser({"about:blank", "about:blank"});
