@@ -29,9 +29,16 @@ public:
         return true;
     }
 
+    void Expect(const std::vector<std::string>& urls) override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_expected = urls;
+    }
+
     std::mutex m_mutex;
     std::map<std::string, std::string> m_files;
     std::vector<std::string> m_lookups;
+    std::vector<std::string> m_expected;
     std::function<void(const std::string&)> m_hook;
 };
 
@@ -61,4 +68,10 @@ std::vector<std::string> MemoryUrlCache::Lookups() const
 {
     const std::lock_guard lock(m_source->m_mutex);
     return m_source->m_lookups;
+}
+
+std::vector<std::string> MemoryUrlCache::Expected() const
+{
+    const std::lock_guard lock(m_source->m_mutex);
+    return m_source->m_expected;
 }

@@ -21,6 +21,8 @@ public:
     // Called at each look-up with its address, on the calling thread.
     void SetHook(std::function<void(const std::string& url)> hook);
     std::vector<std::string> Lookups() const;
+    // What was told last of the look-ups to come.
+    std::vector<std::string> Expected() const;
 
     class Source;
 

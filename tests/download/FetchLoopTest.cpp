@@ -203,16 +203,18 @@ TEST(FetchLoop, RefusesShortAddressesAndIgnoresPortAndScheme)
     EXPECT_EQ(run.m_server.Requests(), (Names{"GET " + query + " HTTP/1.0", "GET /p HTTP/1.0"}));
 }
 
-TEST(FetchLoop, StopsBeforeTheNextItem)
+TEST(FetchLoop, TellsTheCacheWhatComesAndStopsBeforeTheNextItem)
 {
     TestRun run;
     const Names urls = {run.Cached("http://h/1", "1"), run.Cached("http://h/2", "2"), run.Cached("http://h/3", "3")};
     run.m_cache.SetHook([&](const std::string& url) {
+        EXPECT_EQ(run.m_cache.Expected(), urls);
         if (url == urls[1])
             run.m_bRunning = 0;
     });
     run.Download(urls);
     EXPECT_EQ(run.m_cache.Lookups(), (Names{urls[0], urls[1]}));
+    EXPECT_EQ(run.m_cache.Expected(), Names());
     EXPECT_EQ(run.m_ends, 1);
 }
 
