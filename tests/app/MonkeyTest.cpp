@@ -79,6 +79,8 @@ TEST_F(Monkey, BreaksNothing)
         ++starts;
         RunMain([&](Robot& robot) {
             robot.Key("Alt+D");
+            if (starts == 1) // the settings are still those that take pictures
+                robot.WaitUntil([&] { return !Saved().empty(); }, "the first file");
             for (; acts < Acts() && IsWindow(m_window); ++acts)
             {
                 if (dice() % 200 == 0)
