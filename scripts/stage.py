@@ -156,12 +156,16 @@ class DevTools(contextlib.AbstractContextManager):
         self._stream.close()
         self._link.close()
 
-    def call(self, method, **parameters):
-        """The result of a request."""
+    def send(self, method, **parameters):
+        """Sends a request, whether or not an answer will come."""
         message = json.dumps({'id': 1, 'method': method, 'params': parameters}).encode()
         # The mask of a client's frame may be anything, zero too, which leaves the payload as it is.
         self._stream.write(struct.pack('>BBH', 0x81, 0x80 | 126, len(message)) + bytes(4) + message)
         self._stream.flush()
+
+    def call(self, method, **parameters):
+        """The result of a request."""
+        self.send(method, **parameters)
         while True:
             reply = json.loads(self._frame())
             if 'error' in reply:

@@ -46,7 +46,7 @@ class BadBrowser(demo.BatchTest):
             stage.wait_for(lambda: stage.evaluate(page['webSocketDebuggerUrl'], DISCARD), 'a tab to fall asleep')
             hanging = next(target for target in stage.targets(browser.port) if target['url'].endswith('hanging'))
             with stage.DevTools(hanging['webSocketDebuggerUrl']) as tools:
-                tools.call('Runtime.evaluate', expression='setTimeout(() => { for (;;); })')
+                tools.send('Runtime.evaluate', expression='setTimeout(() => { for (;;); })')
                 self.assertIn('pages: 3', self.run_program('--browsers').stdout)
                 self.assert_run_brings_the_rest()
 
