@@ -1,5 +1,6 @@
 #include "platform/browser/ContentAhead_p.h"
 
+#include <numeric>
 #include <utility>
 
 namespace browsing
@@ -18,7 +19,6 @@ void ContentAhead::Expect(std::deque<QString> urls)
 {
     m_expected = std::move(urls);
     m_asked.clear();
-    m_bytes = 0;
 }
 
 void ContentAhead::Ask(const Search& search)
@@ -34,10 +34,12 @@ void ContentAhead::Ask(const Search& search)
 
 bool ContentAhead::AskFor(const LoadedResource& resource)
 {
-    if (m_bytes + resource.size > kMostBytes)
+    if (m_asked.contains(resource.url))
+        return true;
+    const auto add = [](qint64 bytes, const auto& asked) { return bytes + asked.second.size; };
+    if (std::accumulate(m_asked.begin(), m_asked.end(), resource.size, add) > kMostBytes)
         return false;
-    if (m_asked.try_emplace(resource.url, Asked{resource.loader, resource.size, resource.ask()}).second)
-        m_bytes += resource.size;
+    m_asked[resource.url] = {resource.loader, resource.size, resource.ask()};
     return true;
 }
 
@@ -48,7 +50,6 @@ QByteArray ContentAhead::Take(const LoadedResource& resource)
     const auto node = m_asked.extract(resource.url);
     if (node.empty())
         return resource.ask()();
-    m_bytes -= node.mapped().size;
     return node.mapped().loader == resource.loader ? node.mapped().content() : resource.ask()();
 }
 

@@ -32,11 +32,11 @@ private:
         AskedContent content;
     };
 
+    // False while there is no room for it.
     bool AskFor(const LoadedResource& resource);
 
     std::deque<QString> m_expected; // not asked for yet
     std::map<QString, Asked> m_asked;
-    qint64 m_bytes = 0; // of all that was asked for
 };
 
 } // namespace browsing

@@ -28,14 +28,14 @@ protected:
                              };
                          }};
     }
-    // Twenty of a size, which are expected in their order.
+    // Twenty of a size, which are expected in their order, one of them twice.
     void LoadTwenty(qint64 size)
     {
         std::deque<QString> urls;
         for (int i = 0; i < 20; ++i)
         {
             Load(QString::number(i), size);
-            urls.push_back(QString::number(i));
+            urls.insert(urls.end(), i == 12 ? 2 : 1, QString::number(i));
         }
         m_ahead.Expect(urls);
     }
