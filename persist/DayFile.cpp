@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 namespace
@@ -11,29 +12,47 @@ namespace
 // How every record begins, behind its first byte.
 constexpr std::string_view kRecordRest = "DOWNLOAD>\r\n";
 
-// Reads from the present position on, as much as there is; empty at the end.
-template <std::size_t Size>
-std::string_view ReadBlock(CFile& file, std::array<char, Size>& block)
+using Block = std::array<char, 65536>;
+
+// Reads from the present position on, as much as there is, empty at the end; nothing if the file cannot be read.
+std::optional<std::string_view> ReadBlock(CFile& file, Block& block)
 {
     std::size_t got = 0;
-    file.Read(block.data(), block.size(), got);
-    return {block.data(), got};
+    if (!file.Read(block.data(), block.size(), got))
+        return std::nullopt;
+    return std::string_view(block.data(), got);
 }
 
-// The place of the first zero byte; the length if there is none.
-std::uint64_t FindZero(CFile& file)
+// The place of the first zero byte, if there is one.
+std::optional<std::uint64_t> FindZero(CFile& file)
 {
-    std::array<char, 65536> block;
+    Block block;
     std::uint64_t end = 0;
     file.SeekTo(0);
     for (;;)
     {
-        const std::string_view read = ReadBlock(file, block);
-        const std::size_t zero = std::min(read.find('\0'), read.size());
-        end += zero;
-        if (zero < read.size() || read.empty())
-            return end;
+        const std::optional<std::string_view> read = ReadBlock(file, block);
+        if (!read || read->empty())
+            return std::nullopt;
+        if (const std::size_t zero = read->find('\0'); zero != std::string_view::npos)
+            return end + zero;
+        end += read->size();
     }
+}
+
+// Whether what stands from the place of a zero byte on is no text of anybody: a record that does not count yet, or the
+// zeros and line ends in which a file can end after a power cut.
+bool IsRemains(CFile& file, std::uint64_t zero)
+{
+    constexpr std::string_view kBlanks("\0 \t\r\n", 5);
+    Block block;
+    file.SeekTo(zero + 1);
+    std::optional<std::string_view> read = ReadBlock(file, block);
+    if (read && kRecordRest.starts_with(read->substr(0, kRecordRest.size())))
+        return true;
+    while (read && !read->empty() && read->find_first_not_of(kBlanks) == std::string_view::npos)
+        read = ReadBlock(file, block);
+    return read && read->empty();
 }
 
 } // namespace
@@ -48,11 +67,9 @@ CDayFile::CDayFile(const std::string& path)
 
 void CDayFile::CutRemains()
 {
-    const std::uint64_t zero = FindZero(m_file);
-    std::array<char, kRecordRest.size()> block;
-    m_file.SeekTo(zero + 1);
-    if (zero < m_file.GetLength() && kRecordRest.starts_with(ReadBlock(m_file, block)))
-        m_file.SetLength(zero);
+    const std::optional<std::uint64_t> zero = FindZero(m_file);
+    if (zero && IsRemains(m_file, *zero))
+        m_file.SetLength(*zero);
 }
 
 bool CDayFile::Append(const std::string& record)

@@ -2,8 +2,8 @@
 //
 // A record counts from the moment when its first byte stands there: the rest is written before it, behind a zero byte,
 // where no reader looks. So a record is in the file whole or not at all, also when the program is killed in the middle,
-// and what such a death has left is cut off by the next one who opens the file. Programs that append to one file at the
-// same time wait for each other.
+// and what such a death or a power cut has left is cut off by the next one who opens the file. Other text behind a zero
+// byte stays, and hides what is appended to it. Programs that append to one file at the same time wait for each other.
 #pragma once
 
 #include "platform/files/File.h"

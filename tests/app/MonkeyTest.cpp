@@ -41,20 +41,27 @@ protected:
     {
         unsetenv("http_proxy");
     }
-    // Answers and closes what stands in front of the main window, and then that.
+    // Answers and closes what stands in front of the main window, and then that. It may go at any moment of this, as it
+    // may have been closed before.
     void Leave(const Robot& robot) const
     {
+        const Robot brief(std::chrono::milliseconds(500));
         int step = 0;
         robot.WaitUntil(
             [&] {
-                if (!IsWindow(m_window))
-                    return true;
-                const std::string front = robot.Windows().back();
-                if (front == "Download History" || front == "Advanced")
-                    robot.CloseWindow(front);
-                else
-                    robot.Key(++step % 2 ? "Esc" : "Alt+E"); // message boxes have the title of the main window
-                return false;
+                try
+                {
+                    const Names windows = brief.Windows();
+                    if (windows.empty())
+                        return !IsWindow(m_window);
+                    if (windows.back() == "Download History" || windows.back() == "Advanced")
+                        brief.CloseWindow(windows.back());
+                    else
+                        brief.Key(++step % 2 ? "Esc" : "Alt+E"); // message boxes have the title of the main window
+                }
+                catch (const RobotError&)
+                {} // gone meanwhile
+                return !IsWindow(m_window);
             },
             "the program to leave");
     }

@@ -216,11 +216,26 @@ TEST_F(HistoryFilesTest, TheRemainsOfAKilledAppendAreCutOff)
         Save("second", "c");
         ASSERT_EQ(LoadedAll(), "1056441600 first: a>/s/a;1056441600 second: c>/s/c;") << length;
     }
-    // Zeros of another origin are no business of ours.
-    const std::string foreign = std::string("text\0more", 9);
-    m_home.Write(kDay, foreign);
-    Save("third", "d");
-    EXPECT_EQ(m_home.Read(kDay).substr(0, 9), foreign);
+}
+
+TEST_F(HistoryFilesTest, ZerosAtTheEndHideNoRecordThatIsAppended)
+{
+    Save("first", "a");
+    const std::string whole = m_home.Read(kDay);
+    for (const std::string& zeros : {std::string(1, '\0'), std::string(4096, '\0'), std::string(200000, '\0'),
+                                     std::string(3, '\0') + '\n' + std::string(3, '\0') + "\r\n"})
+    {
+        m_home.Write(kDay, whole + zeros);
+        Save("second", "c");
+        EXPECT_EQ(LoadedAll(), "1056441600 first: a>/s/a;1056441600 second: c>/s/c;") << zeros.size();
+    }
+    // Text behind a zero is somebody's.
+    for (const std::string& foreign : {std::string("text\0more", 9), '\0' + std::string(70000, '\0') + "more"})
+    {
+        m_home.Write(kDay, foreign);
+        Save("third", "d");
+        EXPECT_EQ(m_home.Read(kDay).substr(0, foreign.size()), foreign);
+    }
 }
 
 // The other run has looked where the file ends, and writes there when this one has had its time.
