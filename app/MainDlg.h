@@ -95,7 +95,7 @@ private:
     CHistoryStore m_history;                // of the present run
     CHistoryItem m_historyItem;             // of the page that is being walked
     std::unique_ptr<CWinThread> m_worker;
-    CFlag m_bWorkerDone = 0;  // the worker has made its last use of this dialog but one: it enables Download Now
+    CFlag m_bWorkerDone = 0;  // the worker has no more to do than to keep the history and to enable Download Now
     CFlag m_bLeaving = 0;     // the dialog waits for its worker and then goes
     bool m_bStarting = false; // a start waits for the last worker's return
 

@@ -73,7 +73,7 @@ void CMainDlg::OnFileStored(const std::string& url, const std::string& path)
 
 void CMainDlg::OnFetchEnds()
 {
-    m_bRunning = 0;
+    m_bWorkerDone = 1;
     m_history.SaveItems();
 }
 

@@ -44,6 +44,7 @@ void CDownloadRun::DownloadFiles(const CUrlList& urls)
                 ++url;
         }
     }
+    m_bRunning = 0; // before the button says "OK", whose press asks no question
     ProgressFields().SetTitle(IDS_DOWNLOAD_COMPLETE);
     ProgressFields().SetCancelAllText(IDS_OK);
     ProgressFields().ShowCancelCurrent(false);

@@ -62,7 +62,7 @@ protected:
     // An item was stored: its address, and the path of its file.
     virtual void OnFileStored(const std::string&, const std::string&)
     {}
-    // After the last item, with the closing texts already set: the flags, the history.
+    // After the last item, with the closing texts already set and the run no longer running: the history.
     virtual void OnFetchEnds() = 0;
     // The Setup command: opens the settings sheet and returns when it has closed.
     virtual void OnSetup() = 0;

@@ -140,7 +140,6 @@ bool CBatchDlg::IsStopRequested() const
 
 void CBatchDlg::OnFetchEnds()
 {
-    m_bRunning = 0;
     m_bFinished = 1;
 }
 
@@ -162,13 +161,13 @@ const CUrlList& CBatchDlg::PageUrls() const
 void CBatchDlg::OnNothingCollected()
 {
     ShowNothingToDo();
-    m_bRunning = 0;
     m_bFinished = 1;
     MessageBoxA(m_hBoxOwner, AfxLoadString(IDS_NO_FILES).c_str(), AfxLoadString(IDS_NO_PAGE).c_str(), MB_OK);
 }
 
 void CBatchDlg::ShowNothingToDo()
 {
+    m_bRunning = 0; // before the button says "OK", whose press asks no question
     m_fields.SetCancelAllText(IDS_OK);
     m_fields.ShowCancelCurrent(false);
     m_fields.SetTitle(IDS_NO_PAGE);
@@ -179,6 +178,5 @@ void CBatchDlg::OnRunEnds()
 {
     if (m_bRunning != 0)
         ShowNothingToDo();
-    m_bRunning = 0;
     m_bFinished = 1;
 }

@@ -148,6 +148,22 @@ protected:
         m_whenShowing = [&gate] { gate.Pass(10); };
     }
 
+    // The run of an item that fails, held up where it shows something for the nth time: behind the "OK" of its end,
+    // whose press asks nothing.
+    template <class Dialog>
+    void PressOkAtOnce(int nth)
+    {
+        Gate gate;
+        m_whenShowing = [&gate, nth] { gate.Pass(nth); };
+        OpenPage({"a.jpg"}); // is no address
+        Run<Dialog>([&gate](Robot& robot) {
+            if constexpr (std::is_same_v<Dialog, CMainDlg>)
+                robot.Press("Download Now");
+            gate.WaitUntilHeld(robot);
+            Finish(robot);
+            gate.Open();
+        });
+    }
     // A page of the browser with these images.
     static MemoryWindow Page(const std::wstring& url, const std::wstring& title,
                              const std::vector<std::string>& images = {})

@@ -62,6 +62,11 @@ TEST_F(BatchRun, TakesEveryOpenPageAndStaysUntilItIsDismissed)
     EXPECT_FALSE(m_home.Exists("History"));
 }
 
+TEST_F(BatchRun, TheOkOfItsEndAsksNothing)
+{
+    PressOkAtOnce<CBatchDlg>(4);
+}
+
 TEST_F(BatchRun, SaysWhenThereIsNothingToDownload)
 {
     OpenPage({});

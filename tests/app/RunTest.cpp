@@ -56,6 +56,11 @@ TEST_F(MainRun, BringsTheFilesOfTheTickedPages)
     EXPECT_EQ(History(), "http://one/: a.jpg>a.jpg c.gif>c.gif; http://two/: b.jpg>b.jpg; ");
 }
 
+TEST_F(MainRun, TheOkOfItsEndAsksNothing)
+{
+    PressOkAtOnce<CMainDlg>(5);
+}
+
 TEST_F(MainRun, ComesBackToIdleWithNothingToDownload)
 {
     OpenPage({});

@@ -68,7 +68,6 @@ private:
     void OnFetchEnds() override
     {
         ++m_ends;
-        m_bRunning = 0;
     }
     void OnSetup() override
     {}
