@@ -41,7 +41,7 @@ TEST(Sound, OneSoundAtATime)
     home.Write("ding.wav", "");
     const RecordingPrograms programs(home, {"pw-play"});
     // A player that plays until it is stopped, and tells of both.
-    home.Write("bin/pw-play", "#!/bin/sh\n: > \"$0.plays\"\ntrap ': > \"$0.stopped\"; exit' TERM\n"
+    home.Write("bin/pw-play", "#!/bin/sh\ntrap ': > \"$0.stopped\"; exit' TERM\n: > \"$0.plays\"\n"
                               "while :; do /bin/sleep 0.01; done\n");
     const std::string file = home.Path("ding.wav");
     ASSERT_TRUE(PlaySoundA(file.c_str(), nullptr, SND_ASYNC));
