@@ -105,8 +105,11 @@ std::string CDownloadRun::StoreInFreePlace(const std::string& name, DWORD size,
 {
     for (int tries = 0; tries < kMostTries; ++tries)
     {
-        std::string path = PathInFolder(m_setting.GetSaveFolder(), name);
-        if (!MakeLocalName(path, size))
+        const std::string folder = PathInFolder(m_setting.GetSaveFolder(), "");
+        std::string path = folder + name;
+        // Without a folder the place would be wherever the program was started. A number may have gone into a folder's
+        // name, and there may be such a folder.
+        if (folder.empty() || !MakeLocalName(path, size) || !path.starts_with(folder))
             return {};
         if (store(path))
             return path;

@@ -141,6 +141,15 @@ TEST(FetchLoop, NoNameLeadsOutOfTheSaveFolder)
                                   "taken1.jpg", "~root"}));
     EXPECT_EQ(run.m_home.Files(""), (Names{"Download", "cache"}));
     EXPECT_EQ(run.m_ends, 1);
+    // Beside a save folder with a "." stands one of the name that a number makes of it.
+    run.m_home.Write("my.pictures/name", "taken");
+    run.m_home.Write("my1.pictures/other", "of somebody else");
+    run.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(run.m_home.Path("my.pictures")));
+    run.m_stored.clear();
+    run.m_bRunning = 1;
+    run.Download({run.Cached("http://evil/name", "cached"), run.Served("/name", "served")});
+    EXPECT_EQ(run.m_home.Files("my1.pictures"), Names{"other"});
+    EXPECT_TRUE(run.m_stored.empty());
 }
 
 TEST(FetchLoop, StoresWhatALyingServerPromised)
