@@ -233,11 +233,5 @@ TEST_F(Harvest, SurvivesEveryFailingCall)
         EXPECT_EQ(std::count(owner.m_log.begin(), owner.m_log.end(), "over"), 1) << c.call;
         EXPECT_EQ(m_browser.LiveObjects(), 0) << c.call;
     }
-}
-
-TEST_F(Harvest, EndsAsNothingCollectedWithoutAPageOrABrowser)
-{
-    EXPECT_EQ(m_owner.Harvest(), 3);
-    EXPECT_EQ(m_owner.m_log, (Urls{"nothing", "over"}));
     EXPECT_EQ(static_cast<int>(HarvestPagesProc(nullptr)), -2);
 }
