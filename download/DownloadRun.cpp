@@ -16,6 +16,7 @@
 #include "platform/window/WinApp.h"
 
 #include <algorithm>
+#include <new>
 
 namespace
 {
@@ -60,7 +61,9 @@ void CDownloadRun::EnterSaveFolder()
     OnSetup();
 }
 
+// One that finds no memory is left out like any other that fails.
 CDownloadRun::Pass CDownloadRun::DownloadOne(const std::string& url, CCacheLookup& cache, HINTERNET internet)
+try
 {
     if (IsStopRequested())
         return Pass::Leave;
@@ -79,6 +82,10 @@ CDownloadRun::Pass CDownloadRun::DownloadOne(const std::string& url, CCacheLooku
     }
     m_bFetchCurrent = 1;
     CopyCached(url, cache.Entry());
+    return Pass::Next;
+}
+catch (const std::bad_alloc&)
+{
     return Pass::Next;
 }
 

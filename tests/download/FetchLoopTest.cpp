@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <optional>
 #include <thread>
 
@@ -254,6 +255,20 @@ TEST(FetchLoop, ABodyWithoutMemoryOrDiskIsLeftOutAlone)
         EXPECT_EQ(run.Saved(), (Names{"after", "small"}));
     }
     EXPECT_EQ(run.m_stored.size(), 2u);
+}
+
+// The owner hears of the end, and so keeps the history of what was stored.
+TEST(FetchLoop, AnItemThatTakesTheLastMemoryIsLeftOutAlone)
+{
+    TestRun run;
+    int shown = 0;
+    run.m_whenShowing = [&shown] {
+        if (++shown == 3) // in the first item
+            throw std::bad_alloc();
+    };
+    run.Download({run.Served("/a", "a"), run.Served("/b", "b")});
+    EXPECT_EQ(run.Saved(), Names{"b"});
+    EXPECT_EQ(run.m_ends, 1);
 }
 
 TEST(FetchLoop, LeavesFilteredItemsOutAndReadsNoBodyOfThem)
