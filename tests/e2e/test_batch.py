@@ -7,6 +7,17 @@ import unittest
 import demo
 from demo import stage
 
+class TwoBrowsers(demo.BatchTest):
+    shown = slice(0, 1)
+
+    def test_the_pages_of_both_are_one_run(self):
+        second = self.enterContext(stage.Browser(self.server.pages[1:]))
+        self.environment['VANTROY_BROWSER'] = f'{self.browser.folder},{second.folder}'
+        states = self.run_program('--browsers').stdout
+        self.assertEqual(f'{self.browser.folder}\n    open; pages: 1\n{second.folder}\n    open; pages: 2\n', states)
+        self.run_program('--all')
+        self.assert_same_files(demo.SAVED, self.saved())
+
 
 class FirefoxBesideChromium(demo.BatchTest):
     shown = slice(1, None)

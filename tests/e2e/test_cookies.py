@@ -5,10 +5,10 @@ import os
 import pathlib
 import secrets
 import subprocess
+import tempfile
 import threading
 import unittest
 
-import demo
 from demo import stage
 
 HERE, THERE = '127.0.0.1', '127.0.0.2'
@@ -65,15 +65,16 @@ class Server(contextlib.AbstractContextManager):
             server.server_close()
 
 
-class Cookies(demo.HomeTest):
+class Cookies(unittest.TestCase):
     def setUp(self):
-        super().setUp()
+        self.base = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix='vantroy-e2e-')))
         self.server = self.enterContext(Server())
         pages = [f'http://{host}:{self.server.port}{path}' for host, path in self.server.cookies]
         self.browser = self.enterContext(stage.Browser(pages))
-        folders = {name: self.base / name for name in ('data', 'config', 'cache', 'state', 'runtime', 'tmp')}
+        folders = {name: self.base / name for name in ('home', 'data', 'config', 'cache', 'state', 'runtime', 'tmp')}
         for folder in folders.values():
             folder.mkdir(mode=0o700)
+        self.home = folders['home']
         self.environment = {name: value for name, value in os.environ.items()
                             if name not in ('DISPLAY', 'WAYLAND_DISPLAY', 'QT_QPA_PLATFORM')}
         self.environment.update({f'XDG_{name.upper()}_HOME': str(folders[name])
@@ -88,10 +89,11 @@ class Cookies(demo.HomeTest):
         stage.wait_for(lambda: 'brief' not in stage.evaluate(member['webSocketDebuggerUrl'], 'document.cookie'),
                        'the end of the short-lived cookie')
 
-    def run_program(self):
-        """Its downloads."""
-        folder = self.base / 'saved'
+    def run_program(self, name):
+        """Its downloads, and the places that its secret was seen in."""
+        folder = self.base / name
         folder.mkdir()
+        self.server.asked.clear()
         (self.home / 'config.xml').write_text(
             f'<CONFIG><SAVEFOLDER>{folder}</SAVEFOLDER><LIMITFILETYPE>7</LIMITFILETYPE></CONFIG>')
         output = self.base / 'output'
@@ -112,13 +114,18 @@ class Cookies(demo.HomeTest):
                     yield file
 
     def test_go_to_their_own_address_alone_and_nowhere_else(self):
-        saved = self.run_program()
+        saved = self.run_program('with')
         sid = f'sid={self.server.secret}'
         self.assertEqual(
             {(HERE, '/members/song.mp3', sid), (HERE, '/members/moved.mp3', sid), (THERE, '/away.mp3', None),
              (HERE, '/members/back.mp3', sid), (HERE, '/free/open.mp3', None), (THERE, '/other.mp3', None)},
             set(self.server.asked))
         self.assertEqual(dict.fromkeys(('song.mp3', 'moved.mp3', 'open.mp3', 'other.mp3'), SONG), saved)
+
+        (self.home / 'registry-user.ini').write_text('[SOFTWARE\\Orlenta\\Vantroy]\nSendCookies=0\n')
+        saved = self.run_program('without')
+        self.assertEqual({None}, {cookie for _, _, cookie in self.server.asked})
+        self.assertEqual(b'log in first', saved['song.mp3'])
 
 
 if __name__ == '__main__':
