@@ -16,6 +16,7 @@
 #include "platform/window/WinApp.h"
 
 #include <algorithm>
+#include <new>
 
 namespace
 {
@@ -61,7 +62,9 @@ void CDownloadRun::EnterSaveFolder()
     OnSetup();
 }
 
+// One that finds no memory is left out like any other that fails.
 CDownloadRun::Pass CDownloadRun::DownloadOne(const std::string& url, CCacheLookup& cache, HINTERNET internet)
+try
 {
     if (IsStopRequested())
         return Pass::Leave;
@@ -80,6 +83,10 @@ CDownloadRun::Pass CDownloadRun::DownloadOne(const std::string& url, CCacheLooku
     }
     m_bFetchCurrent = 1;
     CopyCached(url, cache.Entry());
+    return Pass::Next;
+}
+catch (const std::bad_alloc&)
+{
     return Pass::Next;
 }
 
@@ -106,8 +113,11 @@ std::string CDownloadRun::StoreInFreePlace(const std::string& name, DWORD size,
 {
     for (int tries = 0; tries < kMostTries; ++tries)
     {
-        std::string path = PathInFolder(m_setting.GetSaveFolder(), name);
-        if (!MakeLocalName(path, size))
+        const std::string folder = PathInFolder(m_setting.GetSaveFolder(), "");
+        std::string path = folder + name;
+        // Without a folder the place would be wherever the program was started. A number may have gone into a folder's
+        // name, and there may be such a folder.
+        if (folder.empty() || !MakeLocalName(path, size) || !path.starts_with(folder))
             return {};
         if (store(path))
             return path;

@@ -57,7 +57,14 @@ bool CFetchedBody::OpenFor(const std::string& path)
 
 bool CFetchedBody::Write(const std::string& path)
 {
-    return OpenFor(path) && WriteRest() && (m_received == m_size || m_file.SetLength(m_size)) && m_file.Close();
+    return OpenFor(path) && WriteRest() && FillUp() && m_file.Close();
+}
+
+// Once: where the place was taken at the last moment, the file for the next one is whole, and may be closed.
+bool CFetchedBody::FillUp()
+{
+    m_bFull = m_bFull || m_received == m_size || m_file.SetLength(m_size);
+    return m_bFull;
 }
 
 // Into the memory again, for a file in another place.
@@ -67,6 +74,7 @@ bool CFetchedBody::TakeBack()
     const bool whole = m_file.SeekTo(0) && m_file.Read(m_data.get(), m_written, got) && got == m_written;
     m_file.Abort();
     m_bOpen = false;
+    m_bFull = false;
     m_written = 0;
     return whole;
 }

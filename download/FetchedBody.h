@@ -39,6 +39,7 @@ private:
     bool WriteRest();
     bool OpenFor(const std::string& path);
     bool Write(const std::string& path);
+    bool FillUp();
     bool TakeBack();
 
     const std::string m_folder;
@@ -48,5 +49,6 @@ private:
     DWORD m_written = 0; // of these; what is written is not in the memory any more
     CMirrorFile m_file;
     bool m_bOpen = false;
-    bool m_bAhead; // whether to go on writing before the end
+    bool m_bFull = false; // the file has its size
+    bool m_bAhead;        // whether to go on writing before the end
 };

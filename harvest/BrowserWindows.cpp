@@ -46,5 +46,6 @@ std::string AnsiTextOf(HRESULT result, const CComBSTR& text)
 {
     if (result == E_OUTOFMEMORY)
         _com_issue_error(result);
-    return FAILED(result) ? std::string() : WideToAnsi(text.View());
+    // A page can put a zero anywhere. Behind one, half of the program would see the text and the other half would not.
+    return FAILED(result) ? std::string() : WideToAnsi(text.View().substr(0, text.View().find(L'\0')));
 }

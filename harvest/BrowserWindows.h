@@ -16,8 +16,8 @@ LONG CountWindows(IShellWindows& windows);
 // of asking a window whether it is a browser, raises a _com_error.
 CComPtr<IHTMLDocument2> DocumentOfWindow(IShellWindows& windows, LONG index);
 
-// A text that an operation hands out, in the system's code page; empty where the operation fails. Raises a _com_error
-// when there was no memory for the text.
+// A text that an operation hands out, up to its first zero, in the system's code page; empty where the operation fails.
+// Raises a _com_error when there was no memory for the text.
 template <class Interface>
 std::string ReadText(Interface& object, HRESULT (Interface::*operation)(BSTR*));
 

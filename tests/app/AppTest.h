@@ -95,7 +95,8 @@ protected:
     {
         const auto run = [this](auto&... arguments) {
             TestDlg<Dialog> dialog(m_whenShowing, m_window, arguments...);
-            dialog.m_setting.m_szSaveFolder.Set(CDownloadSetting::SaveFolder(m_home.Path(m_saveFolder)));
+            dialog.m_setting.m_szSaveFolder.Set(
+                CDownloadSetting::SaveFolder(m_saveFolder.empty() ? "" : m_home.Path(m_saveFolder)));
             if constexpr (std::is_same_v<Dialog, CBatchDlg>)
                 dialog.m_bScanAllWindows = 1;
             AfxGetApp()->m_pMainWnd = &dialog;

@@ -2,6 +2,7 @@
 #include "AppTest.h"
 
 #include <algorithm>
+#include <unistd.h>
 
 namespace
 {
@@ -43,6 +44,22 @@ TEST_F(Setup, ARunWithoutItsFolderTakesTheOneFromTheSheet)
         Finish(robot);
     });
     EXPECT_EQ(m_home.Files("new"), (Names{"a.jpg", "c.gif"}));
+}
+
+// Not in the folder where the program was started either.
+TEST_F(Setup, ARunThatGetsNoFolderStoresNothing)
+{
+    PrepareARun();
+    m_saveFolder.clear();
+    ASSERT_EQ(chdir(m_home.Folder().c_str()), 0);
+    const Names before = m_home.Files("");
+    Run<CBatchDlg>([](Robot& robot) {
+        ExpectBox(robot, "Folder  does not exist.\nPlease specify a valid folder and try again.");
+        robot.WaitForWindow(kSheet);
+        robot.Key("Esc");
+        Finish(robot);
+    });
+    EXPECT_EQ(m_home.Files(""), before);
 }
 
 TEST_F(Setup, AChangeTakesHoldAtTheNextItemOfTheRun)

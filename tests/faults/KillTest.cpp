@@ -259,3 +259,29 @@ TEST(SideBySide, TwoProcessesLoseNothingOfEachOther)
     std::printf("2 processes, %u files of the same names: %u right, %zu history records\n", 2 * kFiles, right,
                 store.GetItems().size());
 }
+
+// Where no file is without a name, the body has been written and its file closed when the place turns out to be taken.
+TEST(SideBySide, APlaceThatIsTakenAtTheLastMomentCostsNoFile)
+{
+    if (!MayMount())
+        GTEST_SKIP() << "this system lets the test mount nothing";
+    ExpectGoodEnd(StartChild([] {
+        ASSERT_TRUE(TakeOwnMounts() && MountMemory("/proc", "size=4k"));
+        TestRun run;
+        const std::string body(16u << 20, 's');
+        run.m_server.Serve("/short", HttpAnswer{.body = body,
+                                                .contentLength = std::to_string(body.size() + 4),
+                                                .stallAfter = body.size(),
+                                                .closeEarly = true});
+        std::atomic<bool> over = false;
+        std::thread other([&] {
+            while (!over && run.Saved().empty())
+                std::this_thread::yield();
+            run.m_home.Write("Download/short", "of another program");
+        });
+        run.Download({run.m_server.Url("/short")});
+        over = true;
+        other.join();
+        EXPECT_EQ(run.m_stored.size(), 1u);
+    }));
+}

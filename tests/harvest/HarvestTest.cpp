@@ -135,12 +135,13 @@ TEST_F(Harvest, CollectsInTheOrderOfWindowsImagesAndLinks)
          {Kind::NoPage, L"", L"", {}, {}},
          Page(L"http://other", {{L"x"}}),
          Page(L"http://p/2", {{std::wstring(5000, L'x')}}, {L"g.mp3"}),
-         Page(L"http://p/2", {{L"图片.jpg"}})});
+         Page(L"http://p/2", {{L"图片.jpg"}, {{L"z/\0y", 4}}})});
     m_owner.m_pages.AddTail("http://p/1");
     m_owner.m_pages.AddTail("http://p/2");
     m_owner.m_setting.m_bMp3 = 1;
     EXPECT_EQ(m_owner.Harvest(), 0);
-    EXPECT_EQ(m_owner.m_taken, (Urls{"a", "b", "a", "http://h/c.mp3", std::string(5000, 'x'), "g.mp3", "图片.jpg"}));
+    EXPECT_EQ(m_owner.m_taken,
+              (Urls{"a", "b", "a", "http://h/c.mp3", std::string(5000, 'x'), "g.mp3", "图片.jpg", "z/"}));
     EXPECT_EQ(m_owner.m_log, (Urls{"page http://p/1/", "end", "page http://p/2", "end", "page http://p/2", "end",
                                    "collected", "over"}));
 }
@@ -232,11 +233,5 @@ TEST_F(Harvest, SurvivesEveryFailingCall)
         EXPECT_EQ(std::count(owner.m_log.begin(), owner.m_log.end(), "over"), 1) << c.call;
         EXPECT_EQ(m_browser.LiveObjects(), 0) << c.call;
     }
-}
-
-TEST_F(Harvest, EndsAsNothingCollectedWithoutAPageOrABrowser)
-{
-    EXPECT_EQ(m_owner.Harvest(), 3);
-    EXPECT_EQ(m_owner.m_log, (Urls{"nothing", "over"}));
     EXPECT_EQ(static_cast<int>(HarvestPagesProc(nullptr)), -2);
 }

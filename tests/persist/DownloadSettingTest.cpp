@@ -157,11 +157,4 @@ TEST_F(DownloadSettingTest, WritesWhatItReads)
     EXPECT_TRUE(setting.Save());
     EXPECT_EQ(m_home.Read("config.xml"), "<CONFIG>\r\n<SAVEFOLDER/>\r\n<LIMITRESOLVING/>\r\n"
                                          "<LIMITFILETYPE>4</LIMITFILETYPE>\r\n</CONFIG>\r\n");
-
-    std::vector<CResolution> many;
-    for (LONG i = 0; i < 5000; ++i)
-        many.push_back({i, -i});
-    setting.m_resolutions.Set(many);
-    EXPECT_TRUE(setting.Save());
-    EXPECT_EQ(*CDownloadSetting().m_resolutions.Get(), many);
 }
