@@ -58,7 +58,9 @@ TEST(BrowserCookies, TakesWhatMayGoAndSurvivesTheRest)
         {CookieOf("n", "y") + "," + CookieOf("n", ".xx") + "," + CookieOf("n", ""), ""},
         {ofX(R"(, "sameSite": "Lax")") + "," + ofX(R"(, "sameSite": "None")"), "n=v@x/|n=v@x/|"},
         {ofX(R"(, "sameSite": "Strict")"), ""},
-        {ofX(R"(, "partitionKey": {"topLevelSite": "http://x"})") + "," + ofX(R"(, "partitionKey": "http://x")"), ""},
+        {ofX(R"(, "partitionKey": {"topLevelSite": "http://x"})") + "," + ofX(R"(, "partitionKey": "http://x")") + "," +
+             ofX(R"(, "partitionKeyOpaque": true)"),
+         ""},
         {ofX(R"(, "secure": true)") + "," + ofX(R"(, "sourceScheme": "Secure")") + "," + ofX(R"(, "secure": "no")"),
          "n=v@x/ secure|n=v@x/ secure|n=v@x/ secure|"},
         {ofX(R"(, "sourceScheme": "NonSecure", "expires": 1790000000.75)"), "n=v@x/ 1790000000|"},
