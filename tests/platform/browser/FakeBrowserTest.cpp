@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <filesystem>
+#include <sys/stat.h>
 #include <thread>
 
 namespace
@@ -356,6 +358,19 @@ TEST(Endpoints, FirefoxProfile)
                    R"({"ws_host": )" + address + R"(, "ws_port": )" + number + "}");
         EXPECT_EQ(Found(home.Path(profile)), std::pair(expected, expected == S_OK ? List_t{kThree[0]} : List_t()))
             << profile << address << number;
+    }
+}
+
+TEST(Endpoints, PipeInThePlaceOfAFileKeepsNobodyWaiting)
+{
+    const TempHome home;
+    home.Write("chromium/Local State", "{}");
+    home.Write("firefox/prefs.js", "");
+    for (const char* pipe : {"chromium/DevToolsActivePort", "firefox/WebDriverBiDiServer.json"})
+    {
+        ASSERT_EQ(mkfifo(home.Path(pipe).c_str(), 0600), 0);
+        const std::string folder = std::filesystem::path(home.Path(pipe)).parent_path();
+        EXPECT_EQ(Found(folder), std::pair(RPC_E_DISCONNECTED, List_t())) << pipe;
     }
 }
 
