@@ -96,40 +96,35 @@ int Press(const std::string& origin, std::string& reply)
 
 } // namespace
 
-TEST_F(Toolbar, FollowsTheRegistry)
+TEST_F(Toolbar, FollowsTheRegistryAndMakesGoodAtStartWhatWasChangedByHand)
 {
-    std::optional<BrowserToolbar> toolbar(std::in_place);
     AddKey({{"CLSID", kRunsProgram}, {"ButtonText", "A \"button\" ü"}, {"Icon", "/a,128"}, {"Exec", "/a"}});
-    toolbar.reset();
+    StartAndEnd();
     ASSERT_TRUE(Has(kHost) && Has(kManifest));
     EXPECT_EQ(ReadJson(kHost).value("allowed_origins").toArray(),
               QJsonArray{QString::fromStdString("chrome-extension://" + kId + "/")});
     EXPECT_EQ(ReadJson(kManifest).value("name").toString(), QString::fromUtf8("A \"button\" ü"));
     EXPECT_EQ(ReadJson(kManifest).value("permissions").toArray(), QJsonArray{"nativeMessaging"});
     EXPECT_FALSE(ReadJson(kManifest).contains("host_permissions"));
-
-    toolbar.emplace(); // what stands already is left alone
+    std::optional<BrowserToolbar> toolbar(std::in_place); // what stands already is left alone
     RegDeleteKeyA(HKEY_LOCAL_MACHINE, kKey.c_str());
     toolbar.reset();
     EXPECT_FALSE(Has(kHost) || Has(kManifest));
     const std::string load = "Extensions.loadUnpacked " + m_home.Path("vantroy/button");
     EXPECT_EQ(m_told, (std::vector<std::string>{load, load, "Extensions.uninstall " + kId}));
-}
 
-TEST_F(Toolbar, MakesGoodAtStartWhatWasChangedByHand)
-{
+    toolbar.emplace();
     AddKey({{"CLSID", kRunsProgram}, {"Exec", "/a"}});
-    StartAndEnd();
-    EXPECT_TRUE(Has(kManifest));
+    toolbar.reset();
+    EXPECT_TRUE(Has(kHost) && Has(kManifest));
     m_home.Write("registry-machine.ini", "");
     StartAndEnd();
     EXPECT_FALSE(Has(kHost) || Has(kManifest));
     m_home.Write(kHost, R"({"path": "/another/program"})"); // which has a home of its own
-    {
-        const BrowserToolbar toolbar;
-        AddKey({{"CLSID", "{00000000-0000-0000-0000-000000000000}"}, {"Exec", "/a"}});
-        AddKey({{"CLSID", kRunsProgram}, {"Exec", ""}}, "\\below");
-    }
+    toolbar.emplace();
+    AddKey({{"CLSID", "{00000000-0000-0000-0000-000000000000}"}, {"Exec", "/a"}});
+    AddKey({{"CLSID", kRunsProgram}, {"Exec", ""}}, "\\below");
+    toolbar.reset();
     EXPECT_TRUE(Has(kHost));
     EXPECT_FALSE(Has(kManifest));
 }
