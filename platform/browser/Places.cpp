@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <sstream>
 
 namespace browsing
@@ -16,6 +17,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr std::size_t kLargestNote = 4096;
 
 std::string Environment(const char* name)
 {
@@ -69,17 +72,35 @@ UserFolders FindUserFolders()
     return {home, config.is_absolute() ? config : home / ".config", UserDataFolder()};
 }
 
+// The operator of the iterator would throw where the disk fails.
+std::vector<fs::path> EntriesOf(const fs::path& folder)
+{
+    std::vector<fs::path> entries;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); entry != fs::directory_iterator(); entry.increment(error))
+        entries.push_back(entry->path());
+    std::ranges::sort(entries);
+    return entries;
+}
+
 std::vector<fs::path> FoldersIn(const fs::path& folder)
 {
-    std::vector<fs::path> folders;
+    std::vector<fs::path> folders = EntriesOf(folder);
     std::error_code none;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, none))
-    {
-        if (entry.is_directory(none))
-            folders.push_back(entry.path());
-    }
-    std::ranges::sort(folders);
+    std::erase_if(folders, [&none](const fs::path& path) { return !fs::is_directory(path, none); });
     return folders;
+}
+
+std::string ReadNote(const fs::path& path)
+{
+    std::error_code none;
+    if (!fs::is_regular_file(path, none))
+        return {};
+    std::ifstream file(path, std::ios::binary);
+    std::string text(kLargestNote, '\0');
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    return text;
 }
 
 std::string LoopbackAuthority(const QUrl& url)

@@ -43,8 +43,12 @@ struct UserFolders
     std::filesystem::path data;
 };
 UserFolders FindUserFolders();
-// The folders in a folder, in the order of their names; none if it cannot be read.
+// What stands in a folder, in the order of the names, as far as it can be read; and the folders of it.
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder);
 std::vector<std::filesystem::path> FoldersIn(const std::filesystem::path& folder);
+// The start of what a browser has written down, 4 KB at most. Empty for anything but a regular file: a pipe would keep
+// us waiting.
+std::string ReadNote(const std::filesystem::path& path);
 
 // "127.0.0.1:9222" of an address, with the number in place of a name, so that no name is ever looked up; empty if it
 // is not of this machine.

@@ -5,6 +5,7 @@
 #include "platform/browser/IoThread_p.h"
 #include "platform/browser/Protocols_p.h"
 #include "platform/browser/Socket_p.h"
+#include "tests/platform/browser/Collection.h"
 
 #include <QCoreApplication>
 #include <QList>
@@ -65,33 +66,6 @@ namespace
 
 using namespace browsing;
 
-void ReadImage(IDispatch& object)
-{
-    CComPtr<IHTMLImgElement> image;
-    CComBSTR src;
-    LONG size = 0;
-    if (CComPtr<IDispatch>(&object).QueryInterface(image) == S_OK)
-    {
-        image->get_src(src.Receive());
-        image->get_width(&size);
-        image->get_height(&size);
-    }
-}
-
-void ReadElements(IHTMLDocument2& document, HRESULT (IHTMLDocument2::*get)(IHTMLElementCollection**))
-{
-    CComPtr<IHTMLElementCollection> all;
-    LONG length = 0;
-    if ((document.*get)(all.Receive()) == S_OK)
-        all->get_length(&length);
-    for (LONG i = 0; i < length; ++i)
-    {
-        CComPtr<IDispatch> element;
-        if (all->item(VariantI4(i), VariantI4(i), element.Receive()) == S_OK && element)
-            ReadImage(*element.Get());
-    }
-}
-
 void ReadWindow(const SeenPage& page)
 {
     CComPtr<IWebBrowser2> window;
@@ -100,10 +74,16 @@ void ReadWindow(const SeenPage& page)
     if (MakeWindow(page).QueryInterface(window) != S_OK || window->get_Document(object.Receive()) != S_OK ||
         object.QueryInterface(document) != S_OK)
         return;
-    CComBSTR title;
-    document->get_title(title.Receive());
-    ReadElements(*document.Get(), &IHTMLDocument2::get_images);
-    ReadElements(*document.Get(), &IHTMLDocument2::get_links);
+    Text(document, &IHTMLDocument2::get_title);
+    for (const auto& image : Elements<IHTMLImgElement>(document, &IHTMLDocument2::get_images))
+    {
+        LONG size = 0;
+        Text(image, &IHTMLImgElement::get_src);
+        image->get_width(&size);
+        image->get_height(&size);
+    }
+    for (const auto& link : Elements<IHTMLAnchorElement>(document, &IHTMLDocument2::get_links))
+        Text(link, &IHTMLAnchorElement::get_href);
 }
 
 } // namespace

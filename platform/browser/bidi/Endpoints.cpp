@@ -10,7 +10,6 @@
 #include <QUrl>
 
 #include <filesystem>
-#include <fstream>
 
 namespace browsing::bidi
 {
@@ -21,7 +20,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* kServerFile = "WebDriverBiDiServer.json";
 constexpr const char* kPreferences = "prefs.js"; // in a profile that was used
-constexpr std::size_t kLargestServerFile = 4096;
 constexpr const char* kPath = "/session";
 
 bool IsProfile(const fs::path& folder)
@@ -50,11 +48,8 @@ HRESULT SocketUrl(const QUrl& address, std::string& socketUrl)
 
 HRESULT ResolveProfile(const fs::path& folder, std::string& socketUrl)
 {
-    std::ifstream file(folder / kServerFile, std::ios::binary);
-    std::string text(kLargestServerFile, '\0');
-    file.read(text.data(), static_cast<std::streamsize>(text.size()));
-    text.resize(static_cast<std::size_t>(file.gcount()));
-    const QJsonObject server = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+    const QByteArray text = QByteArray::fromStdString(ReadNote(folder / kServerFile));
+    const QJsonObject server = QJsonDocument::fromJson(text).object();
     const int port = server.value("ws_port").toInt();
     if (port <= 0 || port > 65535)
         return RPC_E_DISCONNECTED;

@@ -5,7 +5,8 @@
 //                 "partitionKey": {…}}]}
 //
 // A domain without a dot before it is that of one host; `expires` is -1 for the session; `sameSite` and `partitionKey`
-// are left out where there are none. The whole of a profile costs 30 ms for 3,000 cookies. Network.getCookies would
+// are left out where there are none; a partition of a site without a name, as that of a data: page, has
+// "partitionKeyOpaque": true instead. The whole of a profile costs 30 ms for 3,000 cookies. Network.getCookies would
 // tell those of one address, but of the profile of the page that is asked, which may be a private one, and sleeping
 // pages do not answer.
 #include "platform/browser/devtools/Cookies_p.h"
@@ -26,7 +27,8 @@ constexpr double kForEver = 1e15; // what a browser keeps ends long before, and 
 bool MayGo(const QJsonObject& cookie)
 {
     return cookie.value("name").isString() && cookie.value("value").isString() && cookie.value("expires").isDouble() &&
-           cookie.value("sameSite").toString() != "Strict" && !cookie.contains("partitionKey");
+           cookie.value("sameSite").toString() != "Strict" && !cookie.contains("partitionKey") &&
+           !cookie.value("partitionKeyOpaque").toBool();
 }
 
 std::int64_t EndOf(const QJsonObject& cookie)

@@ -10,7 +10,7 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <sstream>
 
 namespace browsing::devtools
 {
@@ -58,7 +58,7 @@ HRESULT ResolveAddress(const std::string& text, Endpoint& endpoint)
 
 bool ReadPortFile(const fs::path& folder, int& port, std::string& path)
 {
-    std::ifstream file(folder / kPortFile);
+    std::istringstream file(ReadNote(folder / kPortFile));
     std::string line;
     if (!std::getline(file, line) || line.size() > 5 || line.find_first_not_of("0123456789") != std::string::npos)
         return false;

@@ -3,10 +3,13 @@
 //   {"RemoteDebuggingAllowed": false}
 #include "platform/browser/devtools/Policies_p.h"
 
+#include "platform/browser/Places_p.h"
+
 #include <QByteArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -49,14 +52,9 @@ bool IsDebuggingForbidden(const std::string& browser)
     const char* root = std::getenv("VANTROY_POLICY_ROOT");
     for (const auto& [name, folder] : kPolicyFolders)
     {
-        std::error_code none;
-        if (browser != name)
-            continue;
-        for (const auto& file : fs::directory_iterator(fs::path(root ? root : "/") / folder / "managed", none))
-        {
-            if (Forbids(file.path()))
-                return true;
-        }
+        if (browser == name &&
+            std::ranges::any_of(EntriesOf(fs::path(root ? root : "/") / folder / "managed"), Forbids))
+            return true;
     }
     return false;
 }

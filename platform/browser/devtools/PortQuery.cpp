@@ -82,6 +82,12 @@ std::string SocketPath(const std::string& body)
     return QUrl(answer.value("webSocketDebuggerUrl").toString()).path(QUrl::FullyEncoded).toStdString();
 }
 
+// The browser's own tools are no pages of the user.
+bool IsPage(const QJsonObject& target)
+{
+    return target.value("type").toString() == "page" && !target.value("url").toString().startsWith("devtools://");
+}
+
 } // namespace
 
 Version AskVersion(const std::string& authority)
@@ -98,8 +104,8 @@ int CountPages(const std::string& authority)
     if (FAILED(answer.result) || answer.status != 200)
         return 0;
     const QJsonArray targets = QJsonDocument::fromJson(QByteArray::fromStdString(answer.body)).array();
-    return static_cast<int>(std::ranges::count_if(
-        targets, [](const QJsonValue& target) { return target.toObject().value("type").toString() == "page"; }));
+    return static_cast<int>(
+        std::ranges::count_if(targets, [](const QJsonValue& target) { return IsPage(target.toObject()); }));
 }
 
 } // namespace browsing::devtools

@@ -150,11 +150,13 @@ bool WriteFiles(const Button& button)
     return hostChanged || buttonChanged;
 }
 
+// The host's file goes last: as long as it is there, the next start knows that something has to be removed.
 void RemoveFiles()
 {
     std::error_code error;
-    fs::remove(HostFile(), error);
     fs::remove_all(ExtensionFolder(), error);
+    if (!error)
+        fs::remove(HostFile(), error);
 }
 
 } // namespace toolbar

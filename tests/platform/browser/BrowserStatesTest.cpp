@@ -52,7 +52,8 @@ TEST_F(BrowserStates, AreToldOfEachDataFolderInOrder)
 {
     EXPECT_EQ(ReportBrowsers(), Reports());
     const FakeBrowser asking({"a"}, nullptr, 404);
-    m_server.Serve("/json/list", R"([{"type": "page"}, {"type": "iframe"}, {"type": "page"}, 7, {}])");
+    m_server.Serve("/json/list", R"([{"type": "page"}, {"type": "iframe"}, {"type": "page"}, 7, {},
+                                     {"type": "page", "url": "devtools://devtools/x.html"}])");
     WritePort(".local/share/vantroy/browser", m_server.Port(), "one");
     WritePort(".config/chromium", 1, "gone");
     m_home.Write(".config/google-chrome/Local State", "{}");

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <filesystem>
+#include <sys/stat.h>
 #include <thread>
 
 namespace
@@ -359,7 +361,20 @@ TEST(Endpoints, FirefoxProfile)
     }
 }
 
-TEST(Endpoints, KnownFoldersWithoutAName)
+TEST(Endpoints, PipeInThePlaceOfAFileKeepsNobodyWaiting)
+{
+    const TempHome home;
+    home.Write("chromium/Local State", "{}");
+    home.Write("firefox/prefs.js", "");
+    for (const char* pipe : {"chromium/DevToolsActivePort", "firefox/WebDriverBiDiServer.json"})
+    {
+        ASSERT_EQ(mkfifo(home.Path(pipe).c_str(), 0600), 0);
+        const std::string folder = std::filesystem::path(home.Path(pipe)).parent_path();
+        EXPECT_EQ(Found(folder), std::pair(RPC_E_DISCONNECTED, List_t())) << pipe;
+    }
+}
+
+TEST(Endpoints, KnownFoldersWithoutANameAndABrowserThatIsStartedAgain)
 {
     const TempHome home;
     setenv("HOME", home.Folder().c_str(), 1);
@@ -367,9 +382,10 @@ TEST(Endpoints, KnownFoldersWithoutAName)
     const Registered registered("");
     const auto windows = Opened();
     EXPECT_EQ(List(windows), List_t());
-    const FakeBrowser first({"a"});
+    FakeBrowser first({"a"});
     const FakeBrowser second({"b"});
     const FakeBrowser third({"c"});
+    const FakeBrowser again({"d"});
     home.Write(".config/chromium/DevToolsActivePort", PortFile(first));
     home.Write(".config/vivaldi/DevToolsActivePort", "1\n/devtools/browser/left-behind");
     home.Write(".var/app/org.chromium.Chromium/config/chromium/DevToolsActivePort", PortFile(second));
@@ -378,6 +394,10 @@ TEST(Endpoints, KnownFoldersWithoutAName)
     home.Write("snap/firefox/common/.mozilla/firefox/y/WebDriverBiDiServer.json",
                R"({"ws_host": "::1", "ws_port": 1})");
     EXPECT_EQ(List(windows), kThree);
+    first.Die();
+    EXPECT_EQ(List(windows), (List_t{kThree[1], kThree[2]}));
+    home.Write(".config/chromium/DevToolsActivePort", PortFile(again));
+    EXPECT_EQ(List(windows), (List_t{L"d|http://x/d", kThree[1], kThree[2]}));
 }
 
 } // namespace

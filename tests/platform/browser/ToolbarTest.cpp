@@ -66,6 +66,10 @@ protected:
         return true;
     }
 
+    static void StartAndEnd()
+    {
+        const BrowserToolbar toolbar; // its end waits
+    }
     bool Has(const std::string& file) const
     {
         return m_home.Exists(file);
@@ -92,44 +96,35 @@ int Press(const std::string& origin, std::string& reply)
 
 } // namespace
 
-TEST_F(Toolbar, FollowsTheRegistry)
+TEST_F(Toolbar, FollowsTheRegistryAndMakesGoodAtStartWhatWasChangedByHand)
 {
-    std::optional<BrowserToolbar> toolbar(std::in_place);
     AddKey({{"CLSID", kRunsProgram}, {"ButtonText", "A \"button\" ü"}, {"Icon", "/a,128"}, {"Exec", "/a"}});
-    toolbar.reset(); // waits
+    StartAndEnd();
     ASSERT_TRUE(Has(kHost) && Has(kManifest));
     EXPECT_EQ(ReadJson(kHost).value("allowed_origins").toArray(),
               QJsonArray{QString::fromStdString("chrome-extension://" + kId + "/")});
     EXPECT_EQ(ReadJson(kManifest).value("name").toString(), QString::fromUtf8("A \"button\" ü"));
     EXPECT_EQ(ReadJson(kManifest).value("permissions").toArray(), QJsonArray{"nativeMessaging"});
     EXPECT_FALSE(ReadJson(kManifest).contains("host_permissions"));
-
-    toolbar.emplace(); // what stands already is left alone
+    std::optional<BrowserToolbar> toolbar(std::in_place); // what stands already is left alone
     RegDeleteKeyA(HKEY_LOCAL_MACHINE, kKey.c_str());
     toolbar.reset();
     EXPECT_FALSE(Has(kHost) || Has(kManifest));
     const std::string load = "Extensions.loadUnpacked " + m_home.Path("vantroy/button");
     EXPECT_EQ(m_told, (std::vector<std::string>{load, load, "Extensions.uninstall " + kId}));
-}
 
-TEST_F(Toolbar, MakesGoodAtStartWhatWasChangedByHand)
-{
+    toolbar.emplace();
     AddKey({{"CLSID", kRunsProgram}, {"Exec", "/a"}});
-    {
-        const BrowserToolbar toolbar;
-        EXPECT_TRUE(WaitUntil([this] { return Has(kManifest); }));
-    }
+    toolbar.reset();
+    EXPECT_TRUE(Has(kHost) && Has(kManifest));
     m_home.Write("registry-machine.ini", "");
-    {
-        const BrowserToolbar toolbar;
-        EXPECT_TRUE(WaitUntil([this] { return !Has(kManifest); }));
-    }
+    StartAndEnd();
+    EXPECT_FALSE(Has(kHost) || Has(kManifest));
     m_home.Write(kHost, R"({"path": "/another/program"})"); // which has a home of its own
-    {
-        const BrowserToolbar toolbar;
-        AddKey({{"CLSID", "{00000000-0000-0000-0000-000000000000}"}, {"Exec", "/a"}});
-        AddKey({{"CLSID", kRunsProgram}, {"Exec", ""}}, "\\below");
-    }
+    toolbar.emplace();
+    AddKey({{"CLSID", "{00000000-0000-0000-0000-000000000000}"}, {"Exec", "/a"}});
+    AddKey({{"CLSID", kRunsProgram}, {"Exec", ""}}, "\\below");
+    toolbar.reset();
     EXPECT_TRUE(Has(kHost));
     EXPECT_FALSE(Has(kManifest));
 }
@@ -156,10 +151,7 @@ TEST_F(Toolbar, ABrowserThatRefusesIsTold)
     m_home.Write(kHost, "");
     EXPECT_FALSE(refuses()) << "nobody has asked for a button";
     AddKey({{"CLSID", kRunsProgram}, {"Exec", "/a"}});
-    {
-        const BrowserToolbar toolbar;
-        EXPECT_TRUE(WaitUntil([this] { return Has(kManifest); }));
-    }
+    StartAndEnd();
     EXPECT_TRUE(refuses());
     m_browser.Die();
     EXPECT_FALSE(refuses());
