@@ -7,6 +7,7 @@
 #include <cstring>
 #include <curl/curl.h>
 #include <mutex>
+#include <sys/socket.h>
 
 namespace
 {
@@ -96,6 +97,12 @@ std::string PartOf(const UrlHandle& url, CURLUPart part, unsigned flags = 0)
     return text ? text : "";
 }
 
+// A program that is started meanwhile must not hold the connection.
+curl_socket_t OpenSocket(void*, curlsocktype, curl_sockaddr* address)
+{
+    return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
 int NoteConnection(void* sink, char*, char*, int, int)
 {
     static_cast<ILineSink*>(sink)->OnConnected();
@@ -157,6 +164,7 @@ std::unique_ptr<CurlLine> CurlLine::Make(const std::string& agent, std::chrono::
     handles->Set(CURLOPT_HEADERFUNCTION, &TakeHeadLine);
     handles->Set(CURLOPT_WRITEFUNCTION, &TakeBody);
     handles->Set(CURLOPT_PREREQFUNCTION, &NoteConnection);
+    handles->Set(CURLOPT_OPENSOCKETFUNCTION, &OpenSocket);
     return std::unique_ptr<CurlLine>(new CurlLine(std::move(handles)));
 }
 

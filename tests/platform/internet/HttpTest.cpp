@@ -8,8 +8,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <thread>
 
 namespace
@@ -284,6 +287,29 @@ TEST(Http, CancelBreaksABlockedCall)
         thread->Wait();
         EXPECT_EQ(outcome.sendError + outcome.readError, ERROR_INTERNET_OPERATION_CANCELLED);
     }
+}
+
+// A browser that is opened during a run lives on, and would hold the connection.
+TEST(Http, AProgramThatIsStartedGetsNoConnection)
+{
+    HttpTestServer server;
+    server.Serve("/x", HttpAnswer{.body = "body", .stallAfter = 2});
+    int connections = 0;
+    const auto look = [&] {
+        for (int descriptor = 0; descriptor < 100; ++descriptor)
+        {
+            sockaddr_in peer = {};
+            socklen_t size = sizeof peer;
+            if (getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0 ||
+                ntohs(peer.sin_port) != server.Port())
+                continue;
+            ++connections;
+            EXPECT_TRUE(fcntl(descriptor, F_GETFD) & FD_CLOEXEC);
+        }
+        server.Release();
+    };
+    Fetch("/x").Run(look);
+    EXPECT_EQ(connections, 1);
 }
 
 TEST(Http, RefusedConnection)
