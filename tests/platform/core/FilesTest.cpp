@@ -214,6 +214,12 @@ TEST(InstallHome, IsNamedOrTheProgramsOwn)
     EXPECT_EQ(InstallHomeFolder(), home.Folder());
     setenv("VANTROY_HOME", (home.Folder() + "//x/../").c_str(), 1);
     EXPECT_EQ(InstallHomeFolder(), home.Folder());
+    const std::string start = std::filesystem::current_path().string();
+    setenv("VANTROY_HOME", "beside/../here", 1);
+    EXPECT_EQ(_chdir(home.Folder().c_str()), 0);
+    EXPECT_EQ(InstallHomeFolder(), start + "/here");
+    EXPECT_EQ(_chdir(start.c_str()), 0);
+    setenv("VANTROY_HOME", home.Folder().c_str(), 1);
 
     char path[MAX_PATH] = {};
     const std::string expected = home.Folder() + "/vantroy";
