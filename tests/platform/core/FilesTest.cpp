@@ -90,6 +90,12 @@ TEST(MirrorFile, TakesItsPlaceWholeOrNotAtAll)
         EXPECT_FALSE(file.Open(home.Path(path))) << path;
     EXPECT_FALSE(file.Open("") || file.Close());
     EXPECT_EQ(home.Files("folder"), std::vector<std::string>{"real"});
+    // What a killed process has left under the same number.
+    for (int i = 0; i < 200; ++i)
+        home.Write("folder/.new-" + std::to_string(getpid()) + '-' + std::to_string(i), "left");
+    EXPECT_TRUE(file.Open(home.Path("link")) && file.Write("next", 4) && file.Close());
+    EXPECT_EQ(home.Read("folder/real"), "next");
+    EXPECT_EQ(home.Files("folder").size(), 201u);
 }
 
 // Where the place is taken before the start and where it is taken on the way.
