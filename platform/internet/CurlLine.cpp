@@ -2,7 +2,9 @@
 
 #include "platform/internet/Internet.h"
 #include "platform/system/LastError.h"
+#include "platform/text/Ascii_p.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <curl/curl.h>
@@ -261,7 +263,6 @@ std::string HostOf(const std::string& url)
     if (!parts || curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK)
         return {};
     std::string host = PartOf(parts, CURLUPART_HOST, CURLU_PUNYCODE);
-    for (char& byte : host)
-        byte = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+    std::ranges::transform(host, host.begin(), LowerAscii);
     return host;
 }
