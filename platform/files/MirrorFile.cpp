@@ -88,6 +88,8 @@ bool CMirrorFile::OpenNameless(const std::string& folder)
     Abort();
     m_place = Place::Free;
     m_descriptor = OpenTemporary(folder);
+    if (m_descriptor < 0)
+        SetLastErrorFromErrno(errno);
     return m_descriptor >= 0;
 }
 
