@@ -19,6 +19,12 @@ namespace fs = std::filesystem;
 namespace
 {
 
+// A run enters the save folder, and a home that is named from where the program was started stays there.
+const fs::path g_startFolder = [] {
+    std::error_code error;
+    return fs::current_path(error);
+}();
+
 std::string Environment(const char* name)
 {
     const char* value = std::getenv(name);
@@ -65,8 +71,7 @@ fs::path UserDataFolder()
 
 std::string InstallHomeFolder()
 {
-    std::error_code error;
-    std::string folder = fs::absolute(HomeFolder(), error).lexically_normal().string();
+    std::string folder = (g_startFolder / HomeFolder()).lexically_normal().string();
     while (folder.size() > 1 && folder.back() == '/')
         folder.pop_back();
     return PathFromNative(folder);

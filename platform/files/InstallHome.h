@@ -1,8 +1,8 @@
 // Where the program lives: the folder that holds its files (config.xml, History, the registry file, Download).
 //
-// VANTROY_HOME=DIR names it; otherwise it is the executable's folder when the user can write there and it is not one
-// that all programs share (/usr/bin, /usr/local/bin), otherwise (a packaged install) $XDG_DATA_HOME/vantroy. Any thread
-// may call.
+// VANTROY_HOME=DIR names it, from the folder that the program was started in; otherwise it is the executable's folder
+// when the user can write there and it is not one that all programs share (/usr/bin, /usr/local/bin), otherwise (a
+// packaged install) $XDG_DATA_HOME/vantroy. Any thread may call.
 #pragma once
 
 #include "platform/Types.h"

@@ -15,13 +15,15 @@ namespace
 {
 
 constexpr mode_t kNewFile = 0666;
+constexpr int kMostNames = 10'000;
 
 std::string FolderOf(const std::string& path)
 {
     return path.substr(0, path.rfind(kPathSeparator) + 1);
 }
 
-// Hidden, and of no other file of this or another process.
+// Hidden, and of no other file of this process. It may stand there all the same: left by a process that was killed and
+// had the same number, or, in a folder that machines share, in the hands of another one's.
 std::string NameBeside(const std::string& target)
 {
     static std::atomic<unsigned> count = 0;
@@ -47,6 +49,13 @@ int OpenTemporary(const std::string& folder)
     return open(NativePath(folder.empty() ? "." : folder).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFile);
 }
 
+// False with errno.
+bool GiveName(int descriptor, const std::string& path)
+{
+    const std::string self = "/proc/self/fd/" + std::to_string(descriptor);
+    return linkat(AT_FDCWD, self.c_str(), AT_FDCWD, NativePath(path).c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
+
 } // namespace
 
 CMirrorFile::~CMirrorFile()
@@ -66,7 +75,6 @@ bool CMirrorFile::Open(const std::string& path, Place place)
     }
     m_place = place;
     m_target = stands ? status.m_szFullName : path;
-    m_beside = NameBeside(m_target);
     if (!OpenBeside())
         return false;
     struct stat old = {};
@@ -80,45 +88,59 @@ bool CMirrorFile::OpenNameless(const std::string& folder)
     Abort();
     m_place = Place::Free;
     m_descriptor = OpenTemporary(folder);
+    if (m_descriptor < 0)
+        SetLastErrorFromErrno(errno);
     return m_descriptor >= 0;
 }
 
 bool CMirrorFile::OpenBeside()
 {
     m_descriptor = OpenTemporary(FolderOf(m_target));
-    if (m_descriptor >= 0)
-        return true;
-    if (!CFile::Open(m_beside, modeCreate | modeWrite))
-        return false;
-    m_name = m_beside;
-    return true;
+    return m_descriptor >= 0 || TakeNameBeside([this](const std::string& name) {
+               m_descriptor = open(NativePath(name).c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kNewFile);
+               return m_descriptor >= 0;
+           });
 }
 
-bool CMirrorFile::TakeName(const std::string& path)
+// `take` gives a name to the file, and is false with errno if it cannot.
+template <class Take>
+bool CMirrorFile::TakeNameBeside(const Take& take)
 {
-    const std::string self = "/proc/self/fd/" + std::to_string(m_descriptor);
-    if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, NativePath(path).c_str(), AT_SYMLINK_FOLLOW) != 0)
+    int error = EEXIST;
+    for (int tries = 0; error == EEXIST && tries < kMostNames; ++tries)
     {
-        SetLastErrorFromErrno(errno);
-        return false;
+        const std::string name = NameBeside(m_target);
+        if (take(name))
+        {
+            m_name = name;
+            return true;
+        }
+        error = errno;
     }
-    m_name = path;
-    return true;
+    SetLastErrorFromErrno(error);
+    return false;
 }
 
 bool CMirrorFile::TakePlace()
 {
     if (m_place == Place::Free)
         return TakeFreePlace();
-    return (!m_name.empty() || TakeName(m_beside)) && CFile::Close() && ReplaceFileBy(m_beside, m_target);
+    const auto give = [this](const std::string& name) { return GiveName(m_descriptor, name); };
+    return (!m_name.empty() || TakeNameBeside(give)) && CFile::Close() && ReplaceFileBy(m_name, m_target);
 }
 
 // A file without a name takes the free place as its first one, so that no other name is ever left behind.
 bool CMirrorFile::TakeFreePlace()
 {
-    if (m_name.empty())
-        return TakeName(m_target) && CFile::Close();
-    return (m_descriptor < 0 || CFile::Close()) && MoveToFreePlace(m_beside, m_target);
+    if (!m_name.empty())
+        return (m_descriptor < 0 || CFile::Close()) && MoveToFreePlace(m_name, m_target);
+    if (!GiveName(m_descriptor, m_target))
+    {
+        SetLastErrorFromErrno(errno);
+        return false;
+    }
+    m_name = m_target;
+    return CFile::Close();
 }
 
 bool CMirrorFile::Close()

@@ -42,12 +42,12 @@ public:
 
 private:
     bool OpenBeside();
-    bool TakeName(const std::string& path);
+    template <class Take>
+    bool TakeNameBeside(const Take& take);
     bool TakePlace();
     bool TakeFreePlace();
 
     Place m_place = Place::Any;
     std::string m_target;
-    std::string m_beside; // the name on the way, in the folder of the target
-    std::string m_name;   // the one that the new file has by now; empty before it has any
+    std::string m_name; // the one that the new file has by now; empty before it has any
 };

@@ -2,12 +2,12 @@
 
 #include "platform/internet/UrlRules_p.h"
 #include "platform/system/LastError.h"
+#include "platform/text/Ascii_p.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <string_view>
-#include <strings.h>
 
 namespace
 {
@@ -22,9 +22,7 @@ struct Parts
 bool IsKnownScheme(std::string_view scheme)
 {
     static constexpr std::string_view kKnown[] = {"http", "https", "ftp"};
-    return std::ranges::any_of(kKnown, [&](std::string_view known) {
-        return known.size() == scheme.size() && strncasecmp(known.data(), scheme.data(), known.size()) == 0;
-    });
+    return std::ranges::any_of(kKnown, [&](std::string_view known) { return SameButForCapitals(known, scheme); });
 }
 
 // Digits behind the colon, none at all included.

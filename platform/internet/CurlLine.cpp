@@ -2,11 +2,14 @@
 
 #include "platform/internet/Internet.h"
 #include "platform/system/LastError.h"
+#include "platform/text/Ascii_p.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <curl/curl.h>
 #include <mutex>
+#include <sys/socket.h>
 
 namespace
 {
@@ -96,6 +99,12 @@ std::string PartOf(const UrlHandle& url, CURLUPart part, unsigned flags = 0)
     return text ? text : "";
 }
 
+// A program that is started meanwhile must not hold the connection.
+curl_socket_t OpenSocket(void*, curlsocktype, curl_sockaddr* address)
+{
+    return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
 int NoteConnection(void* sink, char*, char*, int, int)
 {
     static_cast<ILineSink*>(sink)->OnConnected();
@@ -157,6 +166,7 @@ std::unique_ptr<CurlLine> CurlLine::Make(const std::string& agent, std::chrono::
     handles->Set(CURLOPT_HEADERFUNCTION, &TakeHeadLine);
     handles->Set(CURLOPT_WRITEFUNCTION, &TakeBody);
     handles->Set(CURLOPT_PREREQFUNCTION, &NoteConnection);
+    handles->Set(CURLOPT_OPENSOCKETFUNCTION, &OpenSocket);
     return std::unique_ptr<CurlLine>(new CurlLine(std::move(handles)));
 }
 
@@ -253,7 +263,6 @@ std::string HostOf(const std::string& url)
     if (!parts || curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK)
         return {};
     std::string host = PartOf(parts, CURLUPART_HOST, CURLU_PUNYCODE);
-    for (char& byte : host)
-        byte = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+    std::ranges::transform(host, host.begin(), LowerAscii);
     return host;
 }

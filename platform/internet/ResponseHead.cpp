@@ -1,8 +1,9 @@
 #include "platform/internet/ResponseHead_p.h"
 
+#include "platform/text/Ascii_p.h"
+
 #include <algorithm>
 #include <charconv>
-#include <strings.h>
 
 namespace
 {
@@ -15,11 +16,6 @@ std::string_view Trimmed(std::string_view text)
     static constexpr std::string_view kBlanks = " \t\r\n";
     text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
     return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
-bool IsNamed(std::string_view name, std::string_view wanted)
-{
-    return name.size() == wanted.size() && strncasecmp(name.data(), wanted.data(), name.size()) == 0;
 }
 
 // "HTTP/1.1 302 Found"; 0 if there is no number.
@@ -65,9 +61,9 @@ void ResponseHead::AddField(std::string_view line)
         return;
     const std::string_view name = Trimmed(line.substr(0, colon));
     const std::string_view value = Trimmed(line.substr(colon + 1));
-    if (IsNamed(name, "Content-Length") && !m_contentLength)
+    if (SameButForCapitals(name, "Content-Length") && !m_contentLength)
         m_contentLength = value;
-    if (IsNamed(name, "Location") && !m_location)
+    if (SameButForCapitals(name, "Location") && !m_location)
         m_location = value;
 }
 

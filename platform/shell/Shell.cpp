@@ -3,12 +3,12 @@
 #include "platform/files/NativePath_p.h"
 #include "platform/shell/Process_p.h"
 #include "platform/system/LastError.h"
+#include "platform/text/Ascii_p.h"
 
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <string_view>
-#include <strings.h>
 #include <system_error>
 
 namespace
@@ -21,7 +21,7 @@ bool IsAddress(std::string_view file)
 {
     for (const std::string_view scheme : {"http://", "https://", "mailto:"})
     {
-        if (file.size() > scheme.size() && strncasecmp(file.data(), scheme.data(), scheme.size()) == 0)
+        if (file.size() > scheme.size() && SameButForCapitals(file.substr(0, scheme.size()), scheme))
             return true;
     }
     return false;

@@ -32,10 +32,11 @@ inline constexpr DWORD FORMAT_MESSAGE_ALLOCATE_BUFFER = 0x100;
 inline constexpr DWORD FORMAT_MESSAGE_IGNORE_INSERTS = 0x200;
 inline constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000;
 
-// The text for a code of the list above, or for a result that carries one or stands in com/Unknown.h, from the system's
-// message catalogue. Only the three flags above, together, are offered: *buffer receives a block to be freed with
-// LocalFree. Returns its length in bytes, 0 if there is no text for the code (then *buffer is null). `language` and
-// `arguments` are not read.
+// The text for a code of the list above that the machine has one for (ERROR_BAD_FORMAT, ERROR_MORE_DATA and
+// ERROR_NO_MORE_ITEMS are those without), or for a result that carries one or stands in com/Unknown.h, from the
+// system's message catalogue. Only the three flags above, together, are offered: *buffer receives a block to be freed
+// with LocalFree. Returns its length in bytes, 0 if there is no text for the code (then *buffer is null). `language`
+// and `arguments` are not read.
 DWORD FormatMessageA(DWORD flags, const void* source, DWORD code, DWORD language, char** buffer, DWORD size,
                      void* arguments);
 // Frees a block that FormatMessageA allocated; null is allowed. Always returns null.

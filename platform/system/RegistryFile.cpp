@@ -16,13 +16,13 @@
 #include "platform/files/MirrorFile.h"
 #include "platform/files/NativePath_p.h"
 #include "platform/system/LastError.h"
+#include "platform/text/Ascii_p.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <fcntl.h>
 #include <string_view>
-#include <strings.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -33,11 +33,6 @@ namespace
 constexpr std::size_t kLongestFile = 1 << 20;
 
 constexpr std::size_t kNone = std::string::npos;
-
-bool SameText(std::string_view left, std::string_view right)
-{
-    return left.size() == right.size() && strncasecmp(left.data(), right.data(), left.size()) == 0;
-}
 
 std::string Escaped(std::string_view text, std::string_view special, std::string_view specialAtStart = {})
 {
@@ -155,7 +150,7 @@ bool RegistryFile::HasKey(const std::string& key) const
         if (!IsKeyLine(line))
             return false;
         const std::string found = KeyOf(line);
-        return SameText(found, key) || SameText(found.substr(0, above.size()), above);
+        return SameButForCapitals(found, key) || SameButForCapitals(found.substr(0, above.size()), above);
     });
 }
 
@@ -170,7 +165,7 @@ void RegistryFile::RemoveKey(const std::string& key)
     bool inside = false;
     std::erase_if(m_lines, [&](const std::string& line) {
         if (IsKeyLine(line))
-            inside = SameText(KeyOf(line), key);
+            inside = SameButForCapitals(KeyOf(line), key);
         return inside && !line.empty() && !line.starts_with('#');
     });
     const std::size_t above = key.rfind('\\');
@@ -185,10 +180,10 @@ std::vector<std::string> RegistryFile::SubKeys(const std::string& key) const
     for (const std::string& line : m_lines)
     {
         const std::string found = IsKeyLine(line) ? KeyOf(line) : std::string();
-        if (found.size() <= above.size() || !SameText(found.substr(0, above.size()), above))
+        if (found.size() <= above.size() || !SameButForCapitals(found.substr(0, above.size()), above))
             continue;
         const std::string name = found.substr(above.size(), found.find('\\', above.size()) - above.size());
-        if (std::ranges::none_of(names, [&name](const std::string& other) { return SameText(name, other); }))
+        if (std::ranges::none_of(names, [&name](const std::string& other) { return SameButForCapitals(name, other); }))
             names.push_back(name);
     }
     return names;
@@ -230,7 +225,7 @@ std::size_t RegistryFile::EndOfValues(std::size_t key) const
 std::size_t RegistryFile::FindKey(const std::string& key) const
 {
     for (std::size_t i = 0; i < m_lines.size(); ++i)
-        if (IsKeyLine(m_lines[i]) && SameText(KeyOf(m_lines[i]), key))
+        if (IsKeyLine(m_lines[i]) && SameButForCapitals(KeyOf(m_lines[i]), key))
             return i;
     return kNone;
 }
@@ -244,7 +239,7 @@ std::size_t RegistryFile::FindValue(const std::string& key, const std::string& n
     {
         const std::string_view line = m_lines[i];
         const std::size_t end = line.find('=');
-        if (end != kNone && !line.starts_with('#') && SameText(Unescaped(line.substr(0, end)), name))
+        if (end != kNone && !line.starts_with('#') && SameButForCapitals(Unescaped(line.substr(0, end)), name))
             return i;
     }
     return kNone;

@@ -4,52 +4,15 @@
 #include "platform/files/MirrorFile.h"
 #include "platform/files/Path.h"
 #include "platform/system/LastError.h"
-#include "platform/testing/Limits.h"
 #include "platform/testing/TempHome.h"
 
-#include <atomic>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace
 {
-
-TEST(File, OpensByItsFlags)
-{
-    const TempHome home;
-    home.Write("old", "12345");
-    CFile file;
-    EXPECT_FALSE(file.Open(home.Path("none"), CFile::modeRead));
-    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeRead));
-    EXPECT_FALSE(file.Write("x", 1));
-    ASSERT_TRUE(file.Open(home.Path("old"), CFile::modeCreate | CFile::modeWrite));
-    EXPECT_EQ(file.GetLength(), 0u);
-}
-
-TEST(File, WaitsForTheLockOfAnother)
-{
-    const TempHome home;
-    // The second comes to its lock before or after the first one's writing.
-    for (int round = 0; round < 50; ++round)
-    {
-        home.Write("shared", "");
-        CFile first;
-        CFile second;
-        ASSERT_TRUE(first.Open(home.Path("shared"), CFile::modeReadWrite) && first.LockRange(0, 100));
-        std::atomic<bool> started = false;
-        std::thread waiting([&] {
-            started = second.Open(home.Path("shared"), CFile::modeReadWrite);
-            EXPECT_TRUE(second.LockRange(50, 1) && second.GetLength() == 5) << round;
-        });
-        for (int turns = round; !started || turns > 0; --turns)
-            std::this_thread::yield();
-        EXPECT_TRUE(first.Write("aaaaa", 5) && first.Close());
-        waiting.join();
-    }
-}
 
 TEST(File, RefusesWhatIsNoFile)
 {
@@ -58,11 +21,6 @@ TEST(File, RefusesWhatIsNoFile)
     for (const UINT flags : {CFile::modeRead, CFile::modeWrite, CFile::modeCreate | CFile::modeWrite})
         for (const std::string& path : {home.Folder(), home.Path("pipe"), std::string("/dev/full"), std::string()})
             EXPECT_FALSE(CFile().Open(path, flags)) << path << flags;
-}
-
-TEST(File, NoFileHasANameThatEndsInASlash)
-{
-    const TempHome home;
     CFileStatus status;
     EXPECT_TRUE(CFile::GetStatus(home.Folder(), status) && status.m_bFolder);
     EXPECT_FALSE(CFile::GetStatus(home.Folder() + '/', status));
@@ -90,6 +48,12 @@ TEST(MirrorFile, TakesItsPlaceWholeOrNotAtAll)
         EXPECT_FALSE(file.Open(home.Path(path))) << path;
     EXPECT_FALSE(file.Open("") || file.Close());
     EXPECT_EQ(home.Files("folder"), std::vector<std::string>{"real"});
+    // What a killed process has left under the same number.
+    for (int i = 0; i < 200; ++i)
+        home.Write("folder/.new-" + std::to_string(getpid()) + '-' + std::to_string(i), "left");
+    EXPECT_TRUE(file.Open(home.Path("link")) && file.Write("next", 4) && file.Close());
+    EXPECT_EQ(home.Read("folder/real"), "next");
+    EXPECT_EQ(home.Files("folder").size(), 201u);
 }
 
 // Where the place is taken before the start and where it is taken on the way.
@@ -137,72 +101,35 @@ struct Watcher
     }
 };
 
-class CopyFileTest : public testing::Test
+TEST(CopyFile, ReplacesTheTargetWholeOrNotAtAllAndReportsEachBlock)
 {
-protected:
-    CopyFileTest()
-    {
-        for (int i = 0; i < 3 * 65536 + 1; ++i)
-            m_content += static_cast<char>(i * 7 + i / 256);
-        m_home.Write("from", m_content);
-        m_home.Write("to/file", "old");
-    }
-
-    BOOL Copy(Watcher* watcher, const std::string& from = "from", const std::string& to = "to/file") const
-    {
-        return CopyFileExA(m_home.Path(from).c_str(), m_home.Path(to).c_str(), watcher ? &Watcher::Note : nullptr,
-                           watcher, nullptr, 0);
-    }
-    void ExpectOldTargetOnly() const
-    {
-        EXPECT_EQ(m_home.Read("to/file"), "old");
-        EXPECT_EQ(m_home.Files("to"), std::vector<std::string>{"file"});
-    }
-
-    const TempHome m_home;
-    std::string m_content;
-};
-
-TEST_F(CopyFileTest, ReplacesTheTargetAndReportsEachBlock)
-{
-    Watcher watcher;
-    EXPECT_TRUE(Copy(&watcher));
-    EXPECT_EQ(m_home.Read("to/file"), m_content);
-    EXPECT_EQ(m_home.Files("to").size(), 1u);
-    EXPECT_EQ(watcher.done, (std::vector<std::int64_t>{0, 65536, 2 * 65536, 3 * 65536, 3 * 65536 + 1}));
-    const std::string from = m_home.Path("from");
-    EXPECT_FALSE(CopyFileExA(from.c_str(), from.c_str(), nullptr, nullptr, nullptr, COPY_FILE_FAIL_IF_EXISTS));
-    EXPECT_TRUE(Copy(nullptr, "from", "from"));
-    EXPECT_EQ(m_home.Read("from"), m_content);
-}
-
-TEST_F(CopyFileTest, CancelAndFullDiskKeepTheOldTarget)
-{
+    const TempHome home;
+    std::string content;
+    for (int i = 0; i < 3 * 65536 + 1; ++i)
+        content += static_cast<char>(i * 7 + i / 256);
+    home.Write("from", content);
+    home.Write("to/file", "old");
+    const std::string from = home.Path("from");
+    const auto copy = [&](const std::string& to, Watcher* watcher, DWORD flags = 0) {
+        return CopyFileExA(from.c_str(), to.c_str(), watcher ? &Watcher::Note : nullptr, watcher, nullptr, flags);
+    };
     for (const std::size_t at : {1, 3, 5})
     {
         Watcher watcher{.done = {}, .cancelAt = at};
-        EXPECT_FALSE(Copy(&watcher));
+        EXPECT_FALSE(copy(home.Path("to/file"), &watcher));
         EXPECT_EQ(GetLastError(), ERROR_REQUEST_ABORTED);
         EXPECT_EQ(watcher.done.size(), at);
-        ExpectOldTargetOnly();
+        EXPECT_EQ(home.Read("to/file"), "old");
+        EXPECT_EQ(home.Files("to").size(), 1u);
     }
-    {
-        const FullDisk disk(100'000);
-        EXPECT_FALSE(Copy(nullptr));
-        EXPECT_EQ(GetLastError(), ERROR_DISK_FULL);
-    }
-    ExpectOldTargetOnly();
-}
-
-TEST_F(CopyFileTest, RefusesSourcesAndTargetsThatAreNoFiles)
-{
-    ASSERT_EQ(mkfifo(m_home.Path("pipe").c_str(), 0600), 0);
-    for (const char* from : {"pipe", "to", "none"})
-        EXPECT_FALSE(Copy(nullptr, from)) << from;
-    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
-    for (const char* to : {"to", "to/", "none/file"})
-        EXPECT_FALSE(Copy(nullptr, "from", to)) << to;
-    ExpectOldTargetOnly();
+    Watcher watcher;
+    EXPECT_TRUE(copy(home.Path("to/file"), &watcher));
+    EXPECT_EQ(home.Read("to/file"), content);
+    EXPECT_EQ(home.Files("to").size(), 1u);
+    EXPECT_EQ(watcher.done, (std::vector<std::int64_t>{0, 65536, 2 * 65536, 3 * 65536, 3 * 65536 + 1}));
+    EXPECT_FALSE(copy(from, nullptr, COPY_FILE_FAIL_IF_EXISTS));
+    EXPECT_TRUE(copy(from, nullptr));
+    EXPECT_EQ(home.Read("from"), content);
 }
 
 TEST(InstallHome, IsNamedOrTheProgramsOwn)
@@ -214,6 +141,12 @@ TEST(InstallHome, IsNamedOrTheProgramsOwn)
     EXPECT_EQ(InstallHomeFolder(), home.Folder());
     setenv("VANTROY_HOME", (home.Folder() + "//x/../").c_str(), 1);
     EXPECT_EQ(InstallHomeFolder(), home.Folder());
+    const std::string start = std::filesystem::current_path().string();
+    setenv("VANTROY_HOME", "beside/../here", 1);
+    EXPECT_EQ(_chdir(home.Folder().c_str()), 0);
+    EXPECT_EQ(InstallHomeFolder(), start + "/here");
+    EXPECT_EQ(_chdir(start.c_str()), 0);
+    setenv("VANTROY_HOME", home.Folder().c_str(), 1);
 
     char path[MAX_PATH] = {};
     const std::string expected = home.Folder() + "/vantroy";

@@ -1,11 +1,7 @@
 #include "platform/internet/Internet.h"
-#include "platform/internet/ResponseHead_p.h"
 #include "platform/internet/UrlCache.h"
 #include "platform/system/LastError.h"
-#include "platform/testing/MemoryUrlCache.h"
-#include "platform/testing/TempHome.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
 
 namespace
@@ -50,77 +46,39 @@ TEST(CrackUrl, SplitsWhatItKnows)
     }
 }
 
-TEST(ResponseHead, ReadsTheLengthThatIsANumber)
+TEST(UrlCache, FillsARoomThatIsJustLargeEnoughAndMissesCopiesBeyond32Bits)
 {
-    const std::pair<const char*, std::optional<std::uint64_t>> rows[] = {
-        {"12", 12},
-        {"0", 0},
-        {"-1", {}},
-        {"1x", {}},
-        {"18446744073709551615", UINT64_MAX},
-        {"18446744073709551616", {}},
-        {"", {}},
-    };
-    for (const auto& [text, length] : rows)
+    struct OneCopy : IUrlCacheSource
     {
-        ResponseHead head;
-        head.AddLine("HTTP/1.0 200 OK\r\n");
-        head.AddLine(std::string("content-LENGTH : ") + text + " \r\n");
-        EXPECT_EQ(head.AddLine("\r\n"), ResponseHead::State::Complete);
-        EXPECT_EQ(head.BodyLength(), length) << text;
-        EXPECT_EQ(head.ContentLength(), text);
-    }
-}
-
-TEST(UrlCache, AnswersIntoTheCallersBuffer)
-{
-    const TempHome home;
-    home.Write("copy", "12345");
-    MemoryUrlCache cache;
-    cache.Add("http://h/a", home.Path("copy"));
-    DWORD size = 4096;
-    EXPECT_FALSE(GetUrlCacheEntryInfoA("http://h/b", nullptr, &size));
-    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
-    size = 4;
-    EXPECT_FALSE(GetUrlCacheEntryInfoA("http://h/a", nullptr, &size));
-    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    const std::unique_ptr<char[]> buffer(new char[size]);
-    auto* entry = reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(buffer.get());
-    DWORD small = size - 1;
-    EXPECT_FALSE(GetUrlCacheEntryInfoA("http://h/a", entry, &small));
-    EXPECT_EQ(small, size);
-    ASSERT_TRUE(GetUrlCacheEntryInfoA("http://h/a", entry, &size));
-    EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
-    EXPECT_EQ(entry->lpszLocalFileName, home.Path("copy"));
-    EXPECT_STREQ(entry->lpszSourceUrlName, "http://h/a");
-    EXPECT_EQ(entry->dwSizeLow, 5u);
-    EXPECT_GE(entry->lpszLocalFileName, buffer.get());
-    EXPECT_LT(entry->lpszLocalFileName, buffer.get() + size);
-}
-
-TEST(UrlCache, CopiesBeyond32BitsAndNoSourceAreMisses)
-{
-    struct HugeSource : IUrlCacheSource
-    {
-        bool Find(const std::string&, std::string&, std::uint64_t& size) override
+        bool Find(const std::string&, std::string& file, std::uint64_t& size) override
         {
+            file = "/copy";
             size = m_size;
             return true;
         }
         std::uint64_t m_size = 0xFFFFFFFF;
     };
-    const auto source = std::make_shared<HugeSource>();
-    const auto look = [] {
-        DWORD size = 0;
-        GetUrlCacheEntryInfoA("http://h/a", nullptr, &size);
+    const auto source = std::make_shared<OneCopy>();
+    const auto look = [](char* room, DWORD& size) {
+        GetUrlCacheEntryInfoA("http://h/a", reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(room), &size);
         return GetLastError();
     };
     SetUrlCacheSource(source);
-    EXPECT_EQ(look(), ERROR_INSUFFICIENT_BUFFER);
+    DWORD size = 0;
+    EXPECT_EQ(look(nullptr, size), ERROR_INSUFFICIENT_BUFFER);
+    const std::unique_ptr<char[]> room(new char[size]);
+    DWORD small = size - 1;
+    EXPECT_EQ(look(room.get(), small), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(small, size);
+    EXPECT_EQ(look(room.get(), size), ERROR_SUCCESS);
+    const auto* entry = reinterpret_cast<const INTERNET_CACHE_ENTRY_INFOA*>(room.get());
+    EXPECT_STREQ(entry->lpszLocalFileName, "/copy");
+    EXPECT_STREQ(entry->lpszSourceUrlName, "http://h/a");
+    EXPECT_EQ(entry->dwSizeLow, 0xFFFFFFFF);
     ++source->m_size;
-    EXPECT_EQ(look(), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(look(room.get(), size), ERROR_FILE_NOT_FOUND);
     SetUrlCacheSource(nullptr);
-    EXPECT_EQ(look(), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(look(room.get(), size), ERROR_FILE_NOT_FOUND);
 }
 
 } // namespace
