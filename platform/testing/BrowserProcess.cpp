@@ -39,7 +39,7 @@ std::vector<std::string> Environment(const std::string& home)
     return variables;
 }
 
-// In a process group of its own, so that its end reaches all its processes and no others.
+// In a process group of its own, so that Kill reaches all its processes and no others.
 pid_t Spawn(std::vector<std::string> arguments, const std::string& home)
 {
     std::vector<std::string> environment = Environment(home);
@@ -70,11 +70,7 @@ BrowserProcess::BrowserProcess() : m_folder((fs::temp_directory_path() / "vantro
 
 BrowserProcess::~BrowserProcess()
 {
-    if (m_process > 0)
-    {
-        kill(-m_process, SIGKILL);
-        waitpid(m_process, nullptr, 0);
-    }
+    Kill();
     std::error_code ignored;
     fs::remove_all(m_folder, ignored);
 }
@@ -89,4 +85,13 @@ void BrowserProcess::Start(std::vector<std::string> arguments, const std::functi
             throw std::runtime_error(arguments[0] + " does not come up");
         std::this_thread::sleep_for(10ms);
     }
+}
+
+void BrowserProcess::Kill()
+{
+    if (m_process <= 0)
+        return;
+    kill(-m_process, SIGKILL);
+    waitpid(m_process, nullptr, 0);
+    m_process = 0;
 }

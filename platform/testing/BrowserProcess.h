@@ -22,6 +22,8 @@ public:
     // Starts a program on the PATH with the folder as its home, and waits until it is up. Throws std::runtime_error if
     // there is no such program or it is not up within 30 s.
     void Start(std::vector<std::string> arguments, const std::function<bool()>& isUp);
+    // Ends it as a crash would, and waits for its end. The folder stays.
+    void Kill();
 
 private:
     std::string m_folder;

@@ -66,7 +66,13 @@ std::string Escaped(const std::string& url)
 
 RealBrowser::RealBrowser(const std::string& url)
 {
+    Start(url);
+}
+
+void RealBrowser::Start(const std::string& url)
+{
     const fs::path portFile = fs::path(DataFolder()) / "DevToolsActivePort";
+    fs::remove(portFile);
     m_process.Start(Arguments(DataFolder(), url), [&] {
         std::string path;
         std::ifstream file(portFile);

@@ -22,6 +22,13 @@ public:
     // Opens a page in a new tab in front of the others; gives its target id. Throws if the browser refuses.
     std::string OpenPage(const std::string& url);
     void ClosePage(const std::string& target);
+    // Ends it as a crash would, and waits for its end. The data folder stays.
+    void Kill()
+    {
+        m_process.Kill();
+    }
+    // Starts it again on the same data folder.
+    void Start(const std::string& url = "about:blank");
 
 private:
     BrowserProcess m_process;

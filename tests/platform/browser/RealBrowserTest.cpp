@@ -175,6 +175,17 @@ TEST_F(RealPages, HugeTextsAreCarriedWholeOrNotAtAll)
     EXPECT_EQ(Text(images.back(), &IHTMLImgElement::get_src), L"");
 }
 
+TEST_F(RealPages, IsReachedAgainAfterARestart)
+{
+    Open({"data:text/html,<title>one</title>"});
+    EXPECT_TRUE(Shows({L"one|data:text/html,<title>one</title>"}));
+    m_chromium->Kill();
+    LONG count = 0;
+    EXPECT_TRUE(WaitUntil([&] { return m_windows->get_Count(&count) == RPC_E_DISCONNECTED; }));
+    m_chromium->Start("data:text/html,<title>two</title>");
+    EXPECT_TRUE(Shows({L"two|data:text/html,<title>two</title>"}));
+}
+
 class ChromiumCache : public RealPages
 {
 protected:
