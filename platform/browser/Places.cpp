@@ -38,7 +38,10 @@ std::vector<Place> NamedPlaces(const std::string& list)
     std::istringstream parts(list);
     for (std::string part; std::getline(parts, part, ',');)
     {
-        if (part = Trimmed(part); !part.empty())
+        part = Trimmed(part);
+        if (!part.empty() && !IsAddress(part))
+            part = (StartFolder() / part).string();
+        if (!part.empty())
             places.push_back({part, true, {}, ProtocolOf(part)});
     }
     return places;

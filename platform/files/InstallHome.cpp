@@ -19,7 +19,6 @@ namespace fs = std::filesystem;
 namespace
 {
 
-// A run enters the save folder, and a home that is named from where the program was started stays there.
 const fs::path g_startFolder = [] {
     std::error_code error;
     return fs::current_path(error);
@@ -46,6 +45,11 @@ fs::path HomeFolder()
 }
 
 } // namespace
+
+const fs::path& StartFolder()
+{
+    return g_startFolder;
+}
 
 fs::path ExecutablePath()
 {

@@ -1,5 +1,5 @@
-// What the home folder goes by: where the executable stands, and the registry's files, of which the first one's absence
-// tells a home that was never used.
+// What the home folder goes by: where the program was started, where the executable stands, and the registry's files,
+// of which the first one's absence tells a home that was never used.
 #pragma once
 
 #include <filesystem>
@@ -9,6 +9,8 @@ inline constexpr const char* kMachineRegistryFile = "registry-machine.ini";
 inline constexpr const char* kClassesRegistryFile = "registry-classes.ini";
 
 // Native; empty if the machine does not tell.
+// The first one is the folder that a relative name of the user's means: a run enters the save folder.
+const std::filesystem::path& StartFolder();
 std::filesystem::path ExecutablePath();
 std::filesystem::path ExecutableFolder();
 // $XDG_DATA_HOME or what stands for it.

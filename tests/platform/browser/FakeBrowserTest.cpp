@@ -313,14 +313,17 @@ TEST(Endpoints, FolderOfABrowserAndOfAProfile)
         {PortFile(open) + "-of-another", {}}, // left behind: the port has been given anew
         {"99999\n/devtools/browser/fake", {}}, {"", {}},
     };
+    const std::filesystem::path start = std::filesystem::current_path();
+    std::filesystem::current_path(home.Folder()); // as a run enters its save folder
     for (const auto& [file, expected] : cases)
     {
         home.Write("data/DevToolsActivePort", file);
         home.Write("data/Default/Preferences", "{}");
-        for (const char* folder : {"data", "data/Default", "data/Default/"})
-            EXPECT_EQ(Found(home.Path(folder)), std::pair(expected.empty() ? RPC_E_DISCONNECTED : S_OK, expected))
-                << file;
+        const std::string named = std::filesystem::relative(home.Path("data"), start);
+        for (const std::string& folder : {named, home.Path("data/Default"), home.Path("data/Default/")})
+            EXPECT_EQ(Found(folder), std::pair(expected.empty() ? RPC_E_DISCONNECTED : S_OK, expected)) << file;
     }
+    std::filesystem::current_path(start);
 }
 
 TEST(Endpoints, FirefoxProfile)
