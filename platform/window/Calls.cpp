@@ -292,8 +292,8 @@ HWND GetFocus()
 
 HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous)
 {
-    const auto surface = Find(dialog);
     return WithWidget(control, [&](QWidget& from) {
+        const auto surface = Find(dialog);
         QWidget* next = &from;
         do
             next = previous ? next->previousInFocusChain() : next->nextInFocusChain();

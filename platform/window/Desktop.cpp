@@ -81,6 +81,7 @@ Desktop::~Desktop()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     g_desktop = nullptr;
     m_application.reset();
+    g_core = nullptr;
 }
 
 Desktop* Desktop::Current()

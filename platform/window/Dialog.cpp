@@ -30,16 +30,18 @@ void ShowModal(WindowRecord& record)
 } // namespace
 
 // Makes the window for the object, up to the end of its OnInitDialog. Null if it cannot be made.
-std::shared_ptr<WindowRecord> CDialog::Make(const CWnd* parent, bool modal)
+std::shared_ptr<WindowRecord> CDialog::Make(const CWnd* parent)
 {
     const DialogTemplate* source = FindTemplate();
     ConsoleDesktop* console = ConsoleDesktop::Current();
-    if (!source || (console && modal && !console->MayOpen(*source)))
+    if (!source || (console && m_modal && !console->MayOpen(*source)))
         return nullptr;
     auto record = BuildDialog(*source, RecordOf(parent));
     if (console)
         console->Watch(*record, *source);
     record->Attach(*this, true);
+    // It may go before it has shown.
+    record->SetModal(m_modal);
     if (SendFirst(*record, WM_INITDIALOG) && !record->IsGone())
         FocusFirstControl(record->Peer()->Widget());
     return record;
@@ -60,11 +62,8 @@ INT_PTR CDialog::DoModal()
     std::shared_ptr<WindowRecord> record;
     RunOnDesktop([&] {
         m_modal = modal;
-        record = Make(m_pParent ? m_pParent : AfxGetMainWnd(), true);
-        if (!record)
-            return;
-        record->SetModal(modal);
-        if (!record->IsGone() && !modal->HasEnded())
+        record = Make(m_pParent ? m_pParent : AfxGetMainWnd());
+        if (record && !record->IsGone() && !modal->HasEnded())
             ShowModal(*record);
     });
     if (!record)
@@ -85,7 +84,7 @@ BOOL CDialog::Create(UINT templateId, CWnd* parent)
     RunOnDesktop([&] {
         m_templateId = templateId;
         m_modal.reset();
-        const auto record = Make(parent, false);
+        const auto record = Make(parent);
         stands = record && !record->IsGone();
     });
     return stands;

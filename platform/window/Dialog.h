@@ -43,7 +43,7 @@ protected:
 private:
     struct Modal;
 
-    std::shared_ptr<WindowRecord> Make(const CWnd* parent, bool modal);
+    std::shared_ptr<WindowRecord> Make(const CWnd* parent);
 
     UINT m_templateId;
     CWnd* m_pParent;

@@ -150,11 +150,12 @@ int ShowMessageBox(HWND owner, const std::string& text, const std::string& capti
     return wait->WaitForEnd();
 }
 
-void DismissMessageBoxes()
+void DismissMessageBoxes(const QWidget* over)
 {
     for (QWidget* widget : QApplication::topLevelWidgets())
     {
-        if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible())
+        auto* box = qobject_cast<QMessageBox*>(widget);
+        if (box && box->isVisible() && (!over || box->parentWidget() == over))
             box->close();
     }
 }

@@ -7,10 +7,12 @@
 
 #include <string>
 
+class QWidget;
+
 // See MessageBoxA. Any thread.
 int ShowMessageBox(HWND owner, const std::string& text, const std::string& caption, UINT type);
-// Answers every box on show as Esc does. User-interface thread.
-void DismissMessageBoxes();
+// Answers the boxes on show as Esc does, all or those over one window. User-interface thread.
+void DismissMessageBoxes(const QWidget* over = nullptr);
 
 // What the desktop shows for the program, as byte text.
 std::string ApplicationName();

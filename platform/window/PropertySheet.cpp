@@ -391,11 +391,9 @@ LRESULT CPropertySheet::OnTabChanged(NMHDR&)
 BOOL CPropertySheet::PreTranslateMessage(MSG* message)
 {
     const bool turns = message->message == WM_KEYDOWN && message->wParam == VK_TAB && GetKeyState(VK_CONTROL) < 0;
-    if (turns)
-    {
-        const int count = GetPageCount();
+    const int count = GetPageCount();
+    if (turns && count > 0)
         SetActivePage((m_nActive + (GetKeyState(VK_SHIFT) < 0 ? count - 1 : 1)) % count);
-    }
     return turns;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/window/Desktop_p.h"
 #include "platform/window/FrameClock_p.h"
+#include "platform/window/MessageBox_p.h"
 #include "platform/window/ModalWait_p.h"
 #include "platform/window/ProgressWords_p.h"
 #include "platform/window/QtText_p.h"
@@ -217,13 +218,24 @@ void WindowRecord::Attach(CWnd& window, bool made)
     m_window = &window;
     m_made = made;
     window.m_hWnd = m_handle;
+    window.m_record = weak_from_this();
 }
 
 void WindowRecord::Detach()
 {
-    if (CWnd* window = std::exchange(m_window, nullptr))
-        window->m_hWnd = {};
+    LetGoOfObject();
     m_made = false;
+}
+
+CWnd* WindowRecord::LetGoOfObject()
+{
+    CWnd* window = std::exchange(m_window, nullptr);
+    if (window)
+    {
+        window->m_hWnd = {};
+        window->m_record.reset();
+    }
+    return window;
 }
 
 void WindowRecord::SetModal(std::shared_ptr<ModalWait> modal)
@@ -323,7 +335,18 @@ void WindowRecord::Vanish()
     if (m_parent)
         m_parent->RemoveChild(m_handle);
     m_timers.clear();
+    EndWaits();
     Hide();
+}
+
+// What waits in a message of a window above would keep that one, and so this one, from being finished.
+void WindowRecord::EndWaits()
+{
+    if (m_modal)
+        m_modal->End(-1);
+    const QWidget& widget = m_peer->Widget();
+    if (widget.isWindow())
+        DismissMessageBoxes(&widget);
 }
 
 void WindowRecord::Hide()
@@ -350,9 +373,8 @@ void WindowRecord::LetGo()
     QWidget& widget = std::exchange(m_peer, nullptr)->Widget();
     // The toolkit may be in one of its events still.
     widget.deleteLater();
-    if (CWnd* window = std::exchange(m_window, nullptr))
+    if (CWnd* window = LetGoOfObject())
     {
-        window->m_hWnd = {};
         ForgetMainWindow(window);
         try
         {

@@ -88,7 +88,7 @@ public:
     {
         return m_made;
     }
-    // Told when the window is finished.
+    // Ends with -1 when the window goes, and is told when it is finished.
     void SetModal(std::shared_ptr<ModalWait> modal);
 
     // Handling of a message, 0 once the window has gone.
@@ -127,8 +127,11 @@ private:
     void RequestShow();
     void Condemn(std::vector<std::shared_ptr<WindowRecord>>& condemned);
     void Vanish();
+    void EndWaits();
     void Finish();
     void LetGo();
+    // Gives the object, null if there is none.
+    CWnd* LetGoOfObject();
 
     HWND m_handle;
     const std::shared_ptr<WindowRecord> m_parent;

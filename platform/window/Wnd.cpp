@@ -52,8 +52,8 @@ CWnd::~CWnd()
     if (!m_hWnd)
         return;
     RunOnDesktop([this] {
-        const auto record = WindowTable::Get().Find(m_hWnd);
-        if (!record || record->Window() != this)
+        const auto record = m_record.lock();
+        if (!record)
             return;
         const bool made = record->MadeByWindow();
         record->Detach();
@@ -98,7 +98,10 @@ BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent)
 HWND CWnd::Detach()
 {
     const HWND window = m_hWnd;
-    WithWidget(window, [](WindowRecord& record, QWidget&) { record.Detach(); });
+    RunOnDesktop([this] {
+        if (const auto record = m_record.lock())
+            record->Detach();
+    });
     m_hWnd = {};
     return window;
 }

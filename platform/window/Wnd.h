@@ -11,10 +11,12 @@
 #include "platform/window/Calls.h"
 #include "platform/window/MessageMap.h"
 
+#include <memory>
 #include <string>
 
 class CDataExchange;
 class CMenu;
+class WindowRecord;
 
 class CWnd
 {
@@ -99,5 +101,8 @@ protected:
     // The very last call for a window that has gone; an object that lives with its window deletes itself here.
     virtual void PostNcDestroy();
 
+private:
     friend class WindowRecord;
+
+    std::weak_ptr<WindowRecord> m_record; // a window that has gone may still hold on to this object
 };

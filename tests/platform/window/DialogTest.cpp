@@ -45,6 +45,14 @@ TEST(Dialogs, EndDialogAndDestructionEndTheModalLoop)
     EXPECT_EQ(dialog.Play([](Robot& robot) { robot.Press("Act"); }), 42);
     dialog.m_onAct = [&] { dialog.DestroyWindow(); };
     EXPECT_EQ(dialog.Play([](Robot& robot) { robot.Press("Act"); }), -1);
+    // Also before it has shown.
+    dialog.m_onInit = [&] { dialog.DestroyWindow(); };
+    EXPECT_EQ(dialog.DoModal(), -1);
+    dialog.m_onInit = [&] {
+        dialog.EndDialog(3);
+        dialog.DestroyWindow();
+    };
+    Worker([&] { EXPECT_EQ(dialog.DoModal(), 3); })->Wait();
 }
 
 TEST(Dialogs, TabAndMnemonicsReachWhatAUserCanUse)

@@ -45,6 +45,28 @@ TEST(Lifetime, AWindowOutlivesTheMessageItHandles)
     EXPECT_FALSE(IsWindow(window));
 }
 
+// Else the message that waits for them, and so the window, would never end.
+TEST(Lifetime, WhatStandsOverAWindowGoesWithIt)
+{
+    TestDialog dialog;
+    const std::tuple<const char*, std::function<INT_PTR()>, INT_PTR> rows[] = {
+        {"Box", [&] { return MessageBoxA(dialog.m_hWnd, "Go on?", "Box", MB_YESNO); }, IDNO},
+        {"Small", [&] { return TestDialog(IDD_SMALL, &dialog).DoModal(); }, -1},
+    };
+    for (const auto& [title, open, expected] : rows)
+    {
+        INT_PTR answer = 0;
+        dialog.m_onAct = [&answer, &open] { answer = open(); };
+        dialog.Play([&dialog, title](Robot& robot) {
+            robot.Press("Act");
+            robot.WaitForWindow(title);
+            dialog.DestroyWindow();
+            robot.WaitForNoWindow(title);
+        });
+        EXPECT_EQ(answer, expected) << title;
+    }
+}
+
 TEST(Lifetime, NothingReachesAWindowThatHasGone)
 {
     int reached = 0;

@@ -118,6 +118,12 @@ TEST(PropertySheets, CancelResetsThePagesThatWereMadeAndTheSheetOpensAgain)
         EXPECT_EQ(sheet.Play(way), IDCANCEL);
         EXPECT_EQ(sheet.Taken(), (Texts{"1 init", "1 set", "1 reset"}));
     }
+    sheet.Play([&](Robot& robot) {
+        sheet.RemovePage(&sheet.m_wide);
+        sheet.RemovePage(&sheet.m_first);
+        robot.Key("Ctrl+Tab"); // leads nowhere
+        robot.Key("Esc");
+    });
 }
 
 TEST(PropertySheets, AListBoxHasAnyNumberOfSelectedRows)

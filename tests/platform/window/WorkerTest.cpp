@@ -158,4 +158,16 @@ TEST(Workers, ACallOnAWindowThatGoesMeanwhileEnds)
         std::this_thread::yield();
     dialog.DestroyWindow(); // before the call can have been served
     worker->Wait();
+    TestDialog standing;
+    standing.Open();
+    dialog.Open();
+    started = false;
+    Worker asking([&started, window = dialog.m_hWnd, control = standing.GetDlgItem(IDC_ACT)] {
+        started = true;
+        EXPECT_FALSE(GetNextDlgTabItem(window, control, FALSE));
+    });
+    while (!started)
+        std::this_thread::yield();
+    dialog.DestroyWindow();
+    asking->Wait();
 }
