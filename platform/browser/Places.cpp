@@ -38,11 +38,11 @@ std::vector<Place> NamedPlaces(const std::string& list)
     std::istringstream parts(list);
     for (std::string part; std::getline(parts, part, ',');)
     {
-        part = Trimmed(part);
-        if (!part.empty() && !IsAddress(part))
+        if (part = Trimmed(part); part.empty())
+            continue;
+        if (!IsAddress(part))
             part = (StartFolder() / part).string();
-        if (!part.empty())
-            places.push_back({part, true, {}, ProtocolOf(part)});
+        places.push_back({part, true, {}, ProtocolOf(part)});
     }
     return places;
 }

@@ -9,7 +9,8 @@ inline constexpr const char* kMachineRegistryFile = "registry-machine.ini";
 inline constexpr const char* kClassesRegistryFile = "registry-classes.ini";
 
 // Native; empty if the machine does not tell.
-// The first one is the folder that a relative name of the user's means: a run enters the save folder.
+// Where the user's relative names begin. The working folder is another one as soon as a run has entered its save
+// folder.
 const std::filesystem::path& StartFolder();
 std::filesystem::path ExecutablePath();
 std::filesystem::path ExecutableFolder();

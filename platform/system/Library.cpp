@@ -1,12 +1,12 @@
 #include "platform/system/Library.h"
 
 #include "platform/system/LastError.h"
+#include "platform/text/Ascii_p.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <mutex>
-#include <strings.h>
 
 namespace
 {
@@ -15,7 +15,7 @@ struct IgnoringCase
 {
     bool operator()(const std::string& one, const std::string& other) const
     {
-        return strcasecmp(one.c_str(), other.c_str()) < 0;
+        return std::ranges::lexicographical_compare(one, other, {}, LowerAscii, LowerAscii);
     }
 };
 
